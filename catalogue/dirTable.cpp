@@ -1,0 +1,78 @@
+#include "catalogue/dirTable.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+#include "core/procedure.h"
+#include "core/scanState.h"
+
+namespace quernstoke {
+
+DirectoryTable DirTable;
+Int32 DirCount;
+
+namespace {
+
+constexpr int growth = 8192;
+
+std::uint32_t hashOf(std::string_view name) {
+  const std::size_t hash = std::hash<std::string_view>()(name);
+  return static_cast<std::uint32_t>(hash ^ (hash >> 32));
+}
+
+// Whether any of `count` values is `wanted`; without a branch inside, so that the compiler
+// compares many at once.
+bool holds(const std::uint32_t* values, std::size_t count, std::uint32_t wanted) {
+  unsigned found = 0;
+  for (std::size_t i = 0; i < count; ++i)
+    found |= values[i] == wanted ? 1U : 0U;
+  return found != 0;
+}
+
+}  // namespace
+
+void DirectoryTable::redim(Int32 upper, bool preserve) {
+  rows_.redim(upper, preserve);
+  const Int32 kept = preserve ? std::min(hashes_.upperBound(), upper) : Int32(-1);
+  hashes_.redim(upper, preserve);
+  for (Int32 row = kept + 1; row <= upper; ++row)
+    hashes_[row] = hashOf({});
+}
+
+void DirectoryTable::set(Int32 row, DirRow content) {
+  hashes_[row] = hashOf(content.name);
+  rows_[row] = std::move(content);
+}
+
+Int32 DirectoryTable::find(std::string_view name) const {
+  constexpr std::size_t stretch = 256;
+  const std::uint32_t wanted = hashOf(name);
+  const std::uint32_t* hashes = hashes_.data();
+  const auto end = static_cast<std::size_t>(upperBound().raw()) + 1;
+  for (std::size_t start = 1; start < end; start += stretch) {
+    const std::size_t stop = std::min(start + stretch, end);
+    if (!holds(hashes + start, stop - start, wanted)) continue;
+    for (std::size_t row = start; row < stop; ++row)
+      if (hashes[row] == wanted && rows_.data()[row].name == name) return row;
+  }
+  return -1;
+}
+
+Int32 basAddDirToList(std::string_view name, char kind, Int32 parent, bool& existed) {
+  return procedure("basAddDirToList", [&] {
+    const Int32 known = DirTable.find(name);
+    existed = known != -1;
+    if (existed) return known;
+    if (DirCount >= DirTable.upperBound()) DirTable.redim(DirCount + growth, true);
+    ++DirCount;
+    DirTable.set(DirCount, {std::string(name), kind, parent, RunState == runState::idle});
+    return DirCount;
+  });
+}
+
+Int32 basFindDirInList(std::string_view name) {
+  return procedure("basFindDirInList", [&] { return DirTable.find(name); });
+}
+
+}  // namespace quernstoke

@@ -1,0 +1,58 @@
+#include "catalogue/textColumn.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+#include "catalogue/permute.h"
+
+namespace quernstoke {
+
+namespace {
+
+using Length = std::uint32_t;
+constexpr std::size_t pieceSize = 64 * 1024;
+
+}  // namespace
+
+void TextColumn::redim(Int32 upper, bool preserve) {
+  texts_.redim(upper, preserve);
+  if (preserve) return;
+  pieces_.clear();
+  free_ = nullptr;
+  freeSize_ = 0;
+}
+
+std::string_view TextColumn::operator[](Int32 row) const {
+  const char* text = texts_[row];
+  if (text == nullptr) return {};
+  Length length = 0;
+  std::memcpy(&length, text, sizeof length);
+  return {text + sizeof length, length};
+}
+
+void TextColumn::set(Int32 row, std::string_view text) {
+  const char*& place = texts_[row];
+  if (text.empty()) {
+    place = nullptr;
+    return;
+  }
+  const std::size_t needed = sizeof(Length) + text.size();
+  if (needed > freeSize_) {
+    freeSize_ = std::max(needed, pieceSize);
+    pieces_.emplace_back(new char[freeSize_]);
+    free_ = pieces_.back().get();
+  }
+  const auto length = static_cast<Length>(text.size());
+  std::memcpy(free_, &length, sizeof length);
+  std::memcpy(free_ + sizeof length, text.data(), text.size());
+  place = free_;
+  free_ += needed;
+  freeSize_ -= needed;
+}
+
+void TextColumn::permute(const Table<Int32>& order, Int32 count) {
+  permuteRows(texts_, order, count);
+}
+
+}  // namespace quernstoke

@@ -1,0 +1,69 @@
+#include "core/startUpState.h"
+
+#include "catalogue/dirTable.h"
+#include "catalogue/extensions.h"
+#include "catalogue/fileTable.h"
+#include "catalogue/modUnzip.h"
+#include "core/log.h"
+#include "core/modMain.h"
+#include "core/scanState.h"
+#include "core/system.h"
+#include "detect/modLinkedList.h"
+#include "detect/refinement.h"
+#include "detect/tempStore.h"
+#include "progress/scanStatus.h"
+#include "results/matchGroupIndex.h"
+#include "settings/settings.h"
+
+namespace quernstoke {
+
+namespace {
+
+void resetCore() {
+  for (std::string* text :
+       {&AppPath, &ExeName, &ProfilesDir, &TempDir, &ProfileName, &CommandLineProfile})
+    text->clear();
+  LogFileNumber = 0;
+  RunState = StartMode = ScanAttributes = CurrentMatchNum = ContentPercentLimit = 0;
+  MatchByName = MatchByContent = MatchBySize = ScanDetailsShown = false;
+  ScanStartTime = EstimatedEndTime = {};
+  MinSizeBytes = MaxSizeBytes = DiskFreeBytes = {};
+  DuplicateCount = StatusFileNumber = ActualReads = LocalReads = BufferReads = 0;
+}
+
+void resetSettings() {
+  ProfileSettings = {};
+  GlobalSettings = {};
+  allocateProfileDirList();
+  allocateFileTypeTable();
+  ProfileList.ProfileNameList.redim(lastProfileSlot, false);
+  ProfileList.ProfileDateList.redim(lastProfileSlot, false);
+}
+
+void resetCatalogue() {
+  FileCount = DirCount = MatchGroupCount = 0;
+  basRedimFilesArrays(0, false);
+  DirTable.redim(0, false);
+  MatchGroupTable.redim(0, false);
+  FilePointerArray.redim(0, false);
+  ExtensionList.redim(lastExtensionSlot, false);
+  ZipMessages.clear();
+}
+
+void resetDetection() {
+  releaseBlockPool();
+  BuffersPerFile = 0;
+  LocalCopyActive = false;
+  TempSpaceBudgetKB = TempUsedKB = TempFileCounter = 0;
+}
+
+}  // namespace
+
+void resetToStartUpState() {
+  resetCore();
+  resetSettings();
+  resetCatalogue();
+  resetDetection();
+}
+
+}  // namespace quernstoke

@@ -1,0 +1,149 @@
+#include "core/text.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+
+#include "platform/locale.h"
+#include "platform/platform.h"
+
+namespace quernstoke {
+
+namespace {
+
+std::string_view withoutBlanks(std::string_view text) {
+  const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+  while (!text.empty() && isBlank(text.front()))
+    text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back()))
+    text.remove_suffix(1);
+  return text;
+}
+
+std::size_t takeDigits(std::string_view& text) {
+  const std::size_t count = std::min(text.find_first_not_of("0123456789"), text.size());
+  text.remove_prefix(count);
+  return count;
+}
+
+void takeSign(std::string_view& text) {
+  if (text.starts_with('+') || text.starts_with('-')) text.remove_prefix(1);
+}
+
+bool isAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
+}
+
+char lowerAscii(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+}  // namespace
+
+bool isNumeric(std::string_view text) {
+  text = withoutBlanks(text);
+  takeSign(text);
+  std::size_t digits = takeDigits(text);
+  if (text.starts_with('.')) {
+    text.remove_prefix(1);
+    digits += takeDigits(text);
+  }
+  if (digits == 0) return false;
+  if (text.starts_with('e') || text.starts_with('E')) {
+    text.remove_prefix(1);
+    takeSign(text);
+    if (takeDigits(text) == 0) return false;
+  }
+  return text.empty();
+}
+
+Int32 toNumber(std::string_view text) {
+  if (!isNumeric(text)) fail(FailureNumber::typeMismatch);
+  text = withoutBlanks(text);
+  if (text.starts_with('+')) text.remove_prefix(1);
+  double number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  // A number too near to 0 for a double is 0 for our purposes; the other error is one too large.
+  if (error != std::errc() && text.find("e-") == std::string_view::npos &&
+      text.find("E-") == std::string_view::npos)
+    fail(FailureNumber::overflow);
+  const double whole = std::nearbyint(number);  // To nearest, ties to even.
+  if (whole < std::numeric_limits<std::int32_t>::min() ||
+      whole > std::numeric_limits<std::int32_t>::max())
+    fail(FailureNumber::overflow);
+  return static_cast<std::int32_t>(whole);
+}
+
+bool toBoolean(std::string_view text) {
+  if (equalIgnoringCase(text, "True")) return true;
+  if (equalIgnoringCase(text, "False")) return false;
+  return toNumber(text) != 0;
+}
+
+std::string toText(Int32 number) {
+  return std::to_string(number.raw());
+}
+
+std::string toText(bool truth) {
+  return truth ? "True" : "False";
+}
+
+std::string lower(std::string_view text) {
+  return userLocale().lower(text);
+}
+
+std::string upper(std::string_view text) {
+  return userLocale().upper(text);
+}
+
+bool equalIgnoringCase(std::string_view a, std::string_view b) {
+  if (isAscii(a) && isAscii(b))
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return lowerAscii(x) == lowerAscii(y); });
+  return lower(a) == lower(b);
+}
+
+bool startsWithIgnoringCase(std::string_view text, std::string_view start) {
+  if (isAscii(text) && isAscii(start))
+    return text.size() >= start.size() && equalIgnoringCase(text.substr(0, start.size()), start);
+  return lower(text).starts_with(lower(start));
+}
+
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+  std::size_t end = 0;
+  for (; count > 0 && end < text.size(); --count) {
+    ++end;
+    while (end < text.size() && (text[end] & 0xC0) == 0x80)
+      ++end;
+  }
+  return text.substr(0, end);
+}
+
+std::size_t characterCount(std::string_view text) {
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+}
+
+std::string grouped(std::int64_t number) {
+  std::string digits = std::to_string(number);
+  const std::string separator = userLocale().thousandsSeparator();
+  const std::size_t firstDigit = number < 0 ? 1 : 0;
+  for (std::size_t at = digits.size(); at > firstDigit + 3;) {
+    at -= 3;
+    digits.insert(at, separator);
+  }
+  return digits;
+}
+
+std::string percentWithTwoDecimals(float fraction) {
+  char buffer[64];
+  std::snprintf(buffer, sizeof buffer, "%.2f", static_cast<double>(fraction) * 100);
+  std::string text = buffer;
+  text.replace(text.find('.'), 1, userLocale().decimalPoint());
+  return text + "%";
+}
+
+}  // namespace quernstoke

@@ -1,0 +1,248 @@
+#include "detect/contentCompare.h"
+
+#include "catalogue/dirTable.h"
+#include "catalogue/fileTable.h"
+#include "core/log.h"
+#include "core/procedure.h"
+#include "core/rounding.h"
+#include "core/scanState.h"
+#include "core/text.h"
+#include "detect/modLinkedList.h"
+#include "detect/tempStore.h"
+#include "platform/platform.h"
+#include "progress/scanStatus.h"
+
+namespace quernstoke {
+
+namespace {
+
+constexpr int smallestPooledGroup = 3;  // In a group of two each block is read once.
+
+enum class ReadSource { none, actualFile, localCopy, pool };
+
+void closeIfOpen(FileNumber file) {
+  if (file > 0) ignoringFailure([&] { files().close(file); });
+}
+
+std::int64_t positionOf(Int32 block) {
+  const Int32 absolute = block < 0 ? -block : block;
+  return (absolute * BlockSize).raw();
+}
+
+std::string actualPath(Int32 file) {
+  return DirTable[FileTable.FileDirNum[file]].name + "\\" + std::string(FileTable.FileName[file]);
+}
+
+void openAt(FileNumber& handle, const std::string& path, OpenMode mode, Int32 block,
+            bool& readFailed) {
+  handle = basCompareFileContentOpenFile(path, mode);
+  if (handle > 0)
+    files().seek(handle, positionOf(block));
+  else
+    readFailed = true;
+}
+
+// Reads a block at the file's position.
+void readAtPosition(ComparedFile& side, FileNumber handle) {
+  side.buffer->resize(static_cast<std::size_t>(BlockSize.raw()));
+  side.data = {};
+  side.data = {side.buffer->data(), files().read(handle, *side.buffer)};
+}
+
+void probeLocalCopy(const std::string& localName) {
+  if (ignoringFailure([&] { files().length(localName); }) != 0)
+    basLogMsg("Error getting file length from file " + localName);
+}
+
+void extractIfZipEntry(Int32 file, bool& readFailed) {
+  const DirRow& folder = DirTable[FileTable.FileDirNum[file]];
+  if (folder.kind != dirKind::zipFolder || !FileTable.FileLocalName[file].empty()) return;
+  const std::string name = basExtractZipEntry(DirTable[folder.parent].name, folder.name,
+                                              std::string(FileTable.FileName[file]), false);
+  if (name.empty())
+    readFailed = true;
+  else
+    FileTable.FileLocalName.set(file, name);
+}
+
+bool isInLocalCopy(Int32 file, Int32 block) {
+  const Int32 lowest = FileTable.FileLocalPos[localPosLowest][file];
+  return !FileTable.FileLocalName[file].empty() && lowest != -1 && block >= lowest &&
+         block <= FileTable.FileLocalPos[localPosHighest][file];
+}
+
+void readLocalCopy(ComparedFile& side, Int32 block, bool& readFailed) {
+  const std::string name(FileTable.FileLocalName[side.file]);
+  if (side.localHandle == 0) openAt(side.localHandle, name, OpenMode::update, block, readFailed);
+  if (side.localHandle <= 0) return;
+  if (ignoringFailure([&] { readAtPosition(side, side.localHandle); }) != 0) {
+    basLogMsg("Error reading from file " + name);
+    readFailed = true;
+  }
+  ++LocalReads;
+}
+
+// The tail begins one byte before the last block's length, and afterwards reading goes on where it
+// was, so that each later block is read under the number of the one behind it.
+void seekTail(FileNumber handle) {
+  files().seek(handle, files().openLength(handle) - BlockSize.raw() - 1);
+}
+
+ReadSource readActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
+  if (side.actualHandle == 0)
+    openAt(side.actualHandle, actualPath(side.file), OpenMode::sharedBinary, block, readFailed);
+  if (side.actualHandle > 0) {
+    if (block < 0) seekTail(side.actualHandle);
+    if (ignoringFailure([&] { readAtPosition(side, side.actualHandle); }) != 0) {
+      basLogMsg("Error reading from file " + actualPath(side.file));
+      readFailed = true;
+    } else if (block < 0) {
+      files().seek(side.actualHandle, positionOf(block));
+    }
+    ++ActualReads;
+  }
+  return readFailed ? ReadSource::none : ReadSource::actualFile;
+}
+
+bool fitsTempSpace() {
+  return TempUsedKB + BlockSize / 1024 < TempSpaceBudgetKB;
+}
+
+void noteLocalBlock(Int32 file, Int32 block) {
+  Int32& lowest = FileTable.FileLocalPos[localPosLowest][file];
+  Int32& highest = FileTable.FileLocalPos[localPosHighest][file];
+  if (lowest == -1) lowest = highest = block;
+  if (block > highest) highest = block;
+}
+
+// Writes the block where the local copy's position is, whatever its number.
+void writeLocalCopy(ComparedFile& side, Int32 block) {
+  if (side.localHandle < 1) {
+    std::string name(FileTable.FileLocalName[side.file]);
+    side.localHandle = basOpenTempFile(name);
+    FileTable.FileLocalName.set(side.file, name);
+  }
+  if (ignoringFailure([&] { files().write(side.localHandle, side.data); }) != 0) {
+    basLogMsg("Error writting to temp file " + std::string(FileTable.FileLocalName[side.file]));
+    return;
+  }
+  TempUsedKB += BlockSize / 1024;
+  noteLocalBlock(side.file, block);
+}
+
+void keepBlock(ComparedFile& side, Int32 block, ReadSource source, Int32 positionInGroup) {
+  const bool kept = source != ReadSource::pool &&
+                    basLLWriteBuffer(side.file, positionInGroup, block, side.data) != -1;
+  if (!kept && source == ReadSource::actualFile && LocalCopyActive && fitsTempSpace())
+    writeLocalCopy(side, block);
+}
+
+void showComparison(Int32 primary, Int32 block, std::int64_t position, Int32 size) {
+  constexpr int blocksPerUpdate = 1000;
+  constexpr int blocksBeforeName = 10;
+  constexpr std::size_t shownCharacters = 40;
+  if (ScanDetailsShown) {
+    if (block == 0 || block % blocksPerUpdate != 0) return;
+    const std::int64_t percent = roundedQuotient(position * 100, size.raw());
+    basUpdateStatusFields("Loading / comparing file content (" + std::to_string(percent) + "%)",
+                          primary, 0);
+  } else if (block == blocksBeforeName) {
+    const std::string_view name = FileTable.FileName[primary];
+    std::string text = "Checking " + std::string(firstCharacters(name, shownCharacters));
+    if (characterCount(name) > shownCharacters) text += "...";
+    basUpdateStatusFields(text + "  [ Size " + grouped(size.raw()) + " ]", primary, 0);
+  }
+}
+
+// Reads a block of one side. A file that can't be read is marked.
+bool readSide(ComparedFile& side, Int32 request, Int32 groupFirst, Int32 groupCount) {
+  bool readFailed = false;
+  basCompareFileContentReadBlock(side, request, readFailed, groupFirst, groupCount);
+  if (readFailed) FileTable.FileStatus[statusState][side.file] = fileState::unreadable;
+  return !readFailed;
+}
+
+// The buffers outlive the pairs, so that a pair allocates nothing.
+std::vector<char> primaryBuffer;
+std::vector<char> secondaryBuffer;
+
+}  // namespace
+
+ComparedFile::~ComparedFile() {
+  closeIfOpen(actualHandle);
+  closeIfOpen(localHandle);
+}
+
+Int16 basCompareFileContent(Int32 primary, Int32 secondary, Int32 groupFirst, Int32 groupCount) {
+  return procedure("basCompareFileContent", [&]() -> Int16 {
+    constexpr int blocksBeforeTail = 50;
+    constexpr int blocksBeforeYield = 10;
+    Int16 result = 0;
+    bool allEqual = true;
+    bool tailDone = false;
+    Int32 block = 0;
+    const Int32 size = FileTable.FileSize[primary];
+    {
+      ComparedFile first(primary, primaryBuffer);
+      ComparedFile second(secondary, secondaryBuffer);
+      while (allEqual && block * BlockSize < size) {
+        const std::int64_t position = positionOf(block);
+        showComparison(primary, block, position, size);
+
+        // Two long files with equal beginnings are tried at their ends, once.
+        Int32 request = block;
+        if (!tailDone && block >= blocksBeforeTail && first.actualHandle > 0 &&
+            second.actualHandle > 0) {
+          request = -block;
+          tailDone = true;
+        }
+        allEqual = readSide(first, request, groupFirst, groupCount) &&
+                   readSide(second, request, groupFirst, groupCount) && first.data == second.data;
+        if (!allEqual) break;
+        // The block just compared does not count yet.
+        if (wholePercent(position, size.raw()) > ContentPercentLimit.raw())
+          result = roundedQuotient(position * 100, size.raw());
+        ++block;
+      }
+    }
+    if (allEqual) result = 100;
+    if (block >= blocksBeforeYield) basUpdateStatusFields("Scanning duplicates...", -1, 0);
+    return result;
+  });
+}
+
+void basCompareFileContentReadBlock(ComparedFile& side, Int32 block, bool& readFailed,
+                                    Int32 groupFirst, Int32 groupCount) {
+  procedure("basCompareFileContentReadBlock", [&] {
+    const Int32 file = side.file;
+    const Int32 positionInGroup = file - groupFirst + 1;
+    ReadSource source = ReadSource::none;
+    if (!FileTable.FileLocalName[file].empty())
+      probeLocalCopy(std::string(FileTable.FileLocalName[file]));
+    // Once a comparison has gone to the file itself, it stays there.
+    if (side.actualHandle > 0) source = ReadSource::actualFile;
+    if (source == ReadSource::none && groupCount >= smallestPooledGroup &&
+        basLLReadData(file, positionInGroup, block, side.data) != -1) {
+      ++BufferReads;
+      source = ReadSource::pool;
+    }
+    if (source == ReadSource::none) extractIfZipEntry(file, readFailed);
+    if (source == ReadSource::none && isInLocalCopy(file, block)) source = ReadSource::localCopy;
+    if (source == ReadSource::localCopy)
+      readLocalCopy(side, block, readFailed);
+    else if (source != ReadSource::pool)
+      source = readActualFile(side, block, readFailed);
+    if (groupCount >= smallestPooledGroup && !readFailed && block >= 0)
+      keepBlock(side, block, source, positionInGroup);
+  });
+}
+
+FileNumber basCompareFileContentOpenFile(const std::string& path, OpenMode mode) {
+  return procedure("basCompareFileContentOpenFile", [&]() -> FileNumber {
+    FileNumber handle = -1;
+    ignoringFailure([&] { handle = files().open(path, mode); });
+    return handle;
+  });
+}
+
+}  // namespace quernstoke

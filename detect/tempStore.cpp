@@ -1,0 +1,140 @@
+#include "detect/tempStore.h"
+
+#include "catalogue/modUnzip.h"
+#include "core/helpers.h"
+#include "core/log.h"
+#include "core/modMain.h"
+#include "core/probes.h"
+#include "core/procedure.h"
+#include "core/scanState.h"
+#include "core/text.h"
+#include "platform/dialogs.h"
+#include "platform/platform.h"
+#include "progress/scanStatus.h"
+
+namespace quernstoke {
+
+bool LocalCopyActive;
+Int32 TempSpaceBudgetKB;
+Int32 TempUsedKB;
+Int32 TempFileCounter;
+
+namespace {
+
+constexpr int bytesPerKB = 1024;
+
+std::string tempName(Int32 number) {
+  return TempDir + "\\TMP" + toText(number);
+}
+
+// Runs a statement and logs its failure; `message` makes the line from the failure.
+template <class Statement, class Message>
+void orLog(Statement statement, Message message) {
+  try {
+    statement();
+  } catch (const Failure& failure) {
+    basLogMsg(message(failure));
+  }
+}
+
+void unpackIntoTempDir(const std::string& zipPath, std::string entry, const std::string& target) {
+  const std::string wanted = entry;
+  if (basZipExtract(zipPath, entry) != 0)
+    basLogMsg("Unable to extract file " + wanted + " from zip file " + zipPath +
+              ". Reason: " + ZipMessages);
+  else
+    ignoringFailure([&] { files().clearAttributes(target); });
+}
+
+std::string moveToTempName(const std::string& extracted) {
+  while (basFileExists(tempName(TempFileCounter)))
+    ++TempFileCounter;
+  files().rename(extracted, tempName(TempFileCounter));
+  return tempName(TempFileCounter);
+}
+
+void deleteFileOfTempDir(const std::string& path) {
+  orLog(
+      [&] {
+        TempUsedKB -= Int32(files().length(path)) / bytesPerKB;
+        files().clearAttributes(path);
+        files().remove(path);
+      },
+      [&](const Failure& failure) {
+        return "Unable to delete temp file " + path + ". Reason=" + failure.description;
+      });
+}
+
+void removeDirectoryOfTempDir(const std::string& path) {
+  orLog(
+      [&] {
+        files().clearAttributes(path);
+        files().removeDirectory(path);
+      },
+      [&](const Failure&) { return "Error deleting directory " + path; });
+}
+
+void deleteInTempDir(const std::string& path) {
+  int attributes = 0;
+  if (ignoringFailure([&] { attributes = files().attributes(path); }) != 0) return;
+  if ((attributes & attributeDirectory) != 0)
+    removeDirectoryOfTempDir(path);
+  else
+    deleteFileOfTempDir(path);
+}
+
+}  // namespace
+
+FileNumber basOpenTempFile(std::string& name) {
+  return procedure("basOpenTempFile", [&]() -> FileNumber {
+    std::string path;
+    if (!name.empty()) {
+      if (basFileExists(name)) path = name;
+    } else {
+      do {
+        path = tempName(TempFileCounter);
+        ++TempFileCounter;
+      } while (basFileExists(path));
+      name = path;
+    }
+    return files().open(path, OpenMode::binary);
+  });
+}
+
+std::string basExtractZipEntry(const std::string& zipPath, const std::string& innerDir,
+                               const std::string& fileName, bool keepName) {
+  return procedure("basExtractZipEntry", [&]() -> std::string {
+    if (RunState == runState::comparing) {
+      std::string archive;
+      std::string directory;
+      basGetFilePath(zipPath, archive, directory);
+      basUpdateStatusFields("Extracting data from Zip file " + archive, -1, 0);
+    }
+    if (TempUsedKB > TempSpaceBudgetKB) {
+      dialogs().messageBox("Temp directory Full. File not extracted from Zip or compared");
+      return {};
+    }
+    const std::string extracted = TempDir + "\\" + fileName;
+    unpackIntoTempDir(zipPath, innerDir.empty() ? fileName : innerDir + "/" + fileName, extracted);
+    if (!basFileExists(extracted)) return {};
+
+    const std::string result = keepName ? extracted : moveToTempName(extracted);
+    TempUsedKB += Int32(files().length(result)) / bytesPerKB;
+    ++TempFileCounter;
+    return result;
+  });
+}
+
+void basDeleteTempFile(const std::string& path) {
+  procedure("basDeleteTempFile", [&] {
+    if (path.empty() || !path.starts_with(TempDir)) return;
+    std::string rest = path.substr(std::min(TempDir.size() + 1, path.size()));
+    while (!rest.empty()) {
+      deleteInTempDir(TempDir + "\\" + rest);
+      const std::size_t cut = rest.find_last_of("\\/:");
+      rest.erase(cut == std::string::npos ? 0 : cut);
+    }
+  });
+}
+
+}  // namespace quernstoke

@@ -1,0 +1,34 @@
+#include "mainui/profileSelection.h"
+
+#include "catalogue/dirTable.h"
+#include "catalogue/fileTable.h"
+#include "catalogue/snapshots.h"
+#include "core/modMain.h"
+#include "core/procedure.h"
+#include "core/scanState.h"
+#include "platform/eventLoop.h"
+#include "platform/platform.h"
+#include "platform/windows.h"
+#include "settings/profileStore.h"
+#include "settings/settings.h"
+
+namespace quernstoke {
+
+void basProcessProfileSelection(bool& ok) {
+  procedure("basProcessProfileSelection", [&] {
+    constexpr int roomForFiles = 5000;
+    ok = !ProfileName.empty() && basLoadProfile("PROFILE");
+    if (!ok) return;
+    frmMain().basUpdateProfileObjects(ProfileName);
+    DuplicateCount = ProfileSettings.NumDuplicates;
+    events().yield();
+    basRedimFilesArrays(roomForFiles, false);
+    basLoadFilesList();
+    basLoadDirTable();
+    if (DirCount > 0) DirTable.redim(DirCount, true);
+    if (FileCount > 0) basRedimFilesArrays(FileCount, true);
+    frmMain().basUpdateStatusBar();
+  });
+}
+
+}  // namespace quernstoke

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace quernstoke {
+
+// The few operations that the engine asks of controls of a window.
+
+class FrameControl {
+ public:
+  virtual ~FrameControl() = default;
+  virtual void setVisible(bool visible) = 0;
+};
+
+class OptionControl {
+ public:
+  virtual ~OptionControl() = default;
+  virtual void setEnabled(bool enabled) = 0;
+  virtual void select() = 0;  // Also takes the selection off the other options of the frame.
+};
+
+// A list whose items carry a number. Positions count from 0.
+class ListControl {
+ public:
+  virtual ~ListControl() = default;
+  virtual void clear() = 0;
+  virtual void add(std::string_view text, std::int16_t data) = 0;
+  virtual std::int16_t count() const = 0;
+  virtual std::int16_t data(std::int16_t position) const = 0;
+};
+
+// Measures text as one control would show it.
+class TextRuler {
+ public:
+  virtual ~TextRuler() = default;
+  virtual std::int32_t width(std::string_view text) const = 0;
+};
+
+}  // namespace quernstoke

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include "platform/dateTime.h"
+
+namespace quernstoke {
+
+// Bits of a file's attributes, and of the mask of an enumeration. The other bits of a mask are
+// filters: an entry with the hidden or system bit is given out only when the mask holds that bit,
+// a directory only when the mask holds the directory bit.
+enum Attribute : int {
+  attributeReadOnly = 1,
+  attributeHidden = 2,
+  attributeSystem = 4,
+  attributeDirectory = 16,
+  attributeArchive = 32,
+};
+
+// The entries of one directory, in the directory's own order, "." and ".." included. Symbolic
+// links and whatever is neither file nor directory are never among them.
+class DirectoryListing {
+ public:
+  virtual ~DirectoryListing() = default;
+
+  // Moves to the next entry; false when there is none left.
+  virtual bool next() = 0;
+
+  // Facts of the current entry. The name is valid until the next call of next().
+  virtual std::string_view name() const = 0;
+  virtual int attributes() = 0;     // Fails for an entry that has gone away.
+  virtual std::int32_t size() = 0;  // In bytes. Fails for 2 GiB and more: no 32-bit size.
+  virtual DateTime modified() = 0;  // Fails for an entry that has gone away.
+};
+
+enum class OpenMode {
+  input,         // Sequential reading of an existing file.
+  output,        // Sequential writing; an existing file is cut to nothing.
+  binary,        // Reading and writing; the file is made if it is missing, and never cut.
+  sharedBinary,  // Reading of an existing regular file itself, never of what a link points to.
+  update,        // Reading and writing of an existing regular file, not through a link either.
+};
+
+// An open file: 1 upward. 0 stands for "none" and is never given out.
+using FileNumber = std::int16_t;
+
+// The one door to the disk. Paths are the program's: drive letter and backslashes. Every call but
+// canEnter fails with a Failure that tells why.
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  virtual std::unique_ptr<DirectoryListing> list(std::string_view directory, int mask) = 0;
+  // Whether the path can be made the current directory; the current one is the same afterwards.
+  virtual bool canEnter(std::string_view directory) = 0;
+  virtual void makeDirectory(std::string_view path) = 0;    // The last component only.
+  virtual void removeDirectory(std::string_view path) = 0;  // An empty one only.
+
+  virtual int attributes(std::string_view path) = 0;
+  // Takes the read-only bit off a file or directory; the other bits are not ours to set.
+  virtual void clearAttributes(std::string_view path) = 0;
+  virtual std::int32_t length(std::string_view path) = 0;
+  virtual DateTime modified(std::string_view path) = 0;
+  virtual void remove(std::string_view path) = 0;  // A file, or a link itself; no directory.
+  virtual void rename(std::string_view from, std::string_view to) = 0;  // Never over a file.
+
+  // Positions count bytes from 0. Reading and writing move the file's position on.
+  virtual FileNumber open(std::string_view path, OpenMode mode) = 0;
+  // Fills as much of `into` as the file has from its position on, and returns that length. At or
+  // past the end this is 0, and no failure.
+  virtual std::size_t read(FileNumber file, std::span<char> into) = 0;
+  virtual void write(FileNumber file, std::string_view bytes) = 0;
+  virtual void seek(FileNumber file, std::int64_t position) = 0;  // Fails below 0.
+  virtual std::int64_t openLength(FileNumber file) = 0;
+  // Whether a read has tried to pass the end.
+  virtual bool atEnd(FileNumber file) = 0;
+  virtual void close(FileNumber file) = 0;
+};
+
+}  // namespace quernstoke

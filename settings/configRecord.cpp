@@ -1,0 +1,59 @@
+#include "settings/configRecord.h"
+
+#include <array>
+
+#include "core/procedure.h"
+#include "core/text.h"
+#include "platform/platform.h"
+
+namespace quernstoke {
+
+namespace {
+
+constexpr char fieldEnd = '\t';
+constexpr char recordEnd = '\r';
+
+}  // namespace
+
+void basConfigWrite(FileNumber file, const std::string& key, Int16 index, std::string& value,
+                    const std::string& type) {
+  procedure("basConfigWrite", [&] {
+    if (type == "N" && value.empty()) value = "0";
+    files().write(file,
+                  key + fieldEnd + toText(index) + fieldEnd + value + fieldEnd + type + recordEnd);
+  });
+}
+
+bool basConfigRead(FileNumber file, std::string& key, Int16& index, std::string& value,
+                   std::string& type) {
+  return procedure("basConfigRead", [&] {
+    key.clear();
+    value.clear();
+    type.clear();
+    index = 0;
+    std::string indexText;
+    const std::array<std::string*, 4> fields = {&key, &indexText, &value, &type};
+    std::size_t field = 0;
+    std::string buffer;
+
+    for (bool complete = false; !complete && !files().atEnd(file);) {
+      char byte = 0;
+      if (files().read(file, {&byte, 1}) == 0) break;
+      if (byte == fieldEnd) {
+        if (field < fields.size()) *fields[field] = buffer;
+        buffer.clear();
+        ++field;
+      } else if (byte == recordEnd) {
+        type = buffer;
+        index = indexText.empty() ? Int32(0) : toNumber(indexText);
+        if (type == "N" && value.empty()) value = "0";
+        complete = true;
+      } else {
+        buffer += byte;
+      }
+    }
+    return files().atEnd(file);
+  });
+}
+
+}  // namespace quernstoke

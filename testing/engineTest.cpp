@@ -1,0 +1,100 @@
+#include "testing/engineTest.h"
+
+#include "catalogue/dirTable.h"
+#include "catalogue/fileTable.h"
+#include "core/log.h"
+#include "core/modMain.h"
+#include "core/scanState.h"
+#include "core/startUpState.h"
+#include "platform/platform.h"
+#include "settings/profileStore.h"
+#include "settings/settings.h"
+
+namespace quernstoke {
+
+EngineTest::EngineTest() {
+  usePlatform({&disk, &dialogBoxes, &desk, &eventLoop, &clock, &locale, &mainWindow, &statusWindow,
+               &resultsWindow});
+  resetToStartUpState();
+  AppPath = "C:\\Quernstoke";
+  ExeName = "quernstoke";
+  ProfilesDir = AppPath + "\\Profiles";
+  TempDir = AppPath + "\\Temp";
+  disk.directory(ProfilesDir);
+  disk.directory(TempDir);
+  clock.time = dateTime({2004, 11, 2, 16, 41, 8});
+}
+
+EngineTest::~EngineTest() {
+  resetToStartUpState();
+}
+
+void EngineTest::start() {
+  Main();
+}
+
+void EngineTest::makeProfile(const std::string& name) {
+  ProfileName = name;
+  basSaveProfile(std::string_view("NEWPROFILE"));
+}
+
+void EngineTest::setDirectory(int slot, const std::string& path, const std::string& includeExclude,
+                              bool recurse, const std::string& extensions) {
+  ProfileDirList[slot] = {path, includeExclude, extensions, recurse};
+}
+
+std::vector<std::string> EngineTest::logLines() const {
+  constexpr std::size_t dateLength = sizeof("2004-11-02 16:41:08 - ") - 1;
+  std::vector<std::string> lines;
+  const std::string log = disk.content(AppPath + "\\" + ExeName + ".log");
+  for (std::size_t at = 0; at < log.size();) {
+    const std::size_t end = log.find("\r\n", at);
+    lines.push_back(log.substr(at + dateLength, end - at - dateLength));
+    at = end + 2;
+  }
+  return lines;
+}
+
+void buildCatalogue(const std::vector<CatalogueFile>& files) {
+  FileCount = 0;
+  DirCount = 0;
+  basRedimFilesArrays(1000, false);
+  DirTable.redim(1024, false);
+  const Int16 stateBefore = RunState;
+  RunState = runState::buildingList;
+  for (const CatalogueFile& file : files) {
+    bool existed = false;
+    const Int32 row = basAddDirToList(file.directory, dirKind::directory, noParent, existed);
+    const Int32 number = basAddFileToList(file.name, row, file.size, {});
+    FileTable.FileStatus[statusMatch][number] = file.matchNumber;
+  }
+  RunState = stateBefore;
+}
+
+std::vector<std::string> fileNames() {
+  std::vector<std::string> names;
+  for (Int32 file = 1; file <= FileCount; ++file)
+    names.emplace_back(FileTable.FileName[file]);
+  return names;
+}
+
+namespace {
+
+std::vector<int> columnValues(const Table<Int32>& column) {
+  std::vector<int> values;
+  for (Int32 file = 1; file <= FileCount; ++file)
+    values.push_back(column[file].raw());
+  return values;
+}
+
+}  // namespace
+
+std::vector<int> fileSizes() {
+  return columnValues(FileTable.FileSize);
+}
+
+std::vector<int> matchNumbers() {
+  return columnValues(FileTable.FileStatus[statusMatch]);
+}
+
+}  // namespace quernstoke

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/integers.h"
+#include "testing/fakes.h"
+#include "testing/memoryFileSystem.h"
+
+namespace quernstoke {
+
+// The engine at its start-up state over stand-ins for all that lies outside it: a disk in memory
+// with the program in C:\Quernstoke, its directories made, no log open and no profile selected.
+class EngineTest : public testing::Test {
+ protected:
+  EngineTest();
+  ~EngineTest() override;
+
+  // Starts the program as its executable would.
+  void start();
+  // Gives a new profile of this name its defaults, makes it the current one and saves it.
+  void makeProfile(const std::string& name);
+  // Puts a directory into a slot of the current profile.
+  static void setDirectory(int slot, const std::string& path, const std::string& includeExclude,
+                           bool recurse = true, const std::string& extensions = "*.*");
+  // The lines of the log, without their dates.
+  std::vector<std::string> logLines() const;
+
+  MemoryFileSystem disk;
+  ScriptedDialogs dialogBoxes;
+  ScriptedDesktop desk;
+  ScriptedEvents eventLoop;
+  ManualClock clock;
+  PlainLocale locale;
+  WindowLog windows;
+  ScriptedMainWindow mainWindow{windows};
+  ScriptedScanStatusWindow statusWindow{windows};
+  ScriptedResultsWindow resultsWindow{windows};
+};
+
+// One row for a catalogue built by hand.
+struct CatalogueFile {
+  std::string name;
+  std::string directory;
+  int size = 0;
+  int matchNumber = -2;
+};
+
+// Fills the catalogue with these files, in this order; directories get rows as they come up. The
+// sizes of the arrays are those of a new scan.
+void buildCatalogue(const std::vector<CatalogueFile>& files);
+
+// The names of the files of the catalogue, and a status column or the sizes, in their order.
+std::vector<std::string> fileNames();
+std::vector<int> fileSizes();
+std::vector<int> matchNumbers();
+
+}  // namespace quernstoke

@@ -1,0 +1,90 @@
+#include "testing/fakes.h"
+
+#include <array>
+#include <cstdio>
+
+namespace quernstoke {
+
+namespace {
+
+// Takes the front of a script, or `otherwise` when it has run out.
+template <class T>
+T takeFront(std::vector<T>& script, T otherwise) {
+  if (script.empty()) return otherwise;
+  T front = script.front();
+  script.erase(script.begin());
+  return front;
+}
+
+template <class Map>
+std::string mapped(std::string_view text, char first, char last, Map map) {
+  std::string result(text);
+  for (char& c : result)
+    if (c >= first && c <= last) c = map(c);
+  return result;
+}
+
+}  // namespace
+
+Answer ScriptedDialogs::messageBox(std::string_view text, Buttons buttons, std::string_view title) {
+  messages.emplace_back(text);
+  titles.emplace_back(title);
+  const bool asks = buttons == Buttons::yesNo || buttons == Buttons::yesNoCancel;
+  return takeFront(answers, asks ? Answer::yes : Answer::ok);
+}
+
+std::string ScriptedDialogs::inputBox(std::string_view prompt, std::string_view title,
+                                      std::string_view /*preset*/) {
+  messages.emplace_back(prompt);
+  titles.emplace_back(title);
+  return takeFront(inputs, std::string());
+}
+
+std::int32_t ScriptedDesktop::shellExecute(const ShellRequest& request) {
+  opened.push_back({std::string(request.operation), std::string(request.file),
+                    std::string(request.parameters), std::string(request.directory),
+                    request.showMode});
+  return shellAnswer;
+}
+
+std::optional<std::string> ScriptedDesktop::specialFolder(std::int32_t id) {
+  constexpr std::int32_t documentsFolder = 5;
+  return id == documentsFolder ? documents : std::nullopt;
+}
+
+std::optional<DiskSpace> ScriptedDesktop::diskSpace(std::string_view /*rootPath*/) {
+  return space;
+}
+
+void ScriptedEvents::yield() {
+  ++yields;
+  if (onYield) onYield();
+}
+
+DateTime ManualClock::now() {
+  const DateTime answer = time;
+  time.seconds += step;
+  return answer;
+}
+
+std::string PlainLocale::lower(std::string_view text) {
+  return mapped(text, 'A', 'Z', [](char c) { return static_cast<char>(c - 'A' + 'a'); });
+}
+
+std::string PlainLocale::upper(std::string_view text) {
+  return mapped(text, 'a', 'z', [](char c) { return static_cast<char>(c - 'a' + 'A'); });
+}
+
+std::string PlainLocale::generalDate(DateTime when) {
+  const CivilTime civil = civilTime(when);
+  std::array<char, 64> text{};
+  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", civil.year, civil.month,
+                civil.day, civil.hour, civil.minute, civil.second);
+  return text.data();
+}
+
+std::string PlainLocale::shortDate(DateTime when) {
+  return generalDate(when).substr(0, 10);
+}
+
+}  // namespace quernstoke

@@ -1,0 +1,410 @@
+#include "testing/memoryFileSystem.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+
+namespace quernstoke {
+
+struct MemoryFileSystem::Node {
+  std::string name;
+  bool isDirectory = false;
+  int flags = 0;  // Read-only, hidden and system bits.
+  DateTime modified;
+  std::string content;
+  std::optional<std::int64_t> pretendedLength;
+  std::vector<std::shared_ptr<Node>> children;
+
+  int attributes() const { return flags | (isDirectory ? attributeDirectory : attributeArchive); }
+  std::int64_t length() const {
+    return pretendedLength.value_or(static_cast<std::int64_t>(content.size()));
+  }
+  std::int32_t shortLength() const {
+    if (length() > INT32_MAX) fail(FailureNumber::overflow);
+    return static_cast<std::int32_t>(length());
+  }
+};
+
+struct MemoryFileSystem::OpenFile {
+  std::shared_ptr<Node> node;
+  std::string path;
+  OpenMode mode;
+  std::size_t position = 0;
+  bool triedToPassEnd = false;
+};
+
+namespace {
+
+std::string folded(std::string_view text) {
+  std::string result(text);
+  for (char& c : result)
+    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return result;
+}
+
+std::vector<std::string> components(std::string_view path) {
+  std::vector<std::string> parts(1);
+  for (const char c : path) {
+    if (c == '\\' || c == '/')
+      parts.emplace_back();
+    else
+      parts.back() += c;
+  }
+  std::erase(parts, "");
+  return parts;
+}
+
+std::string parentOf(std::string_view path) {
+  while (path.ends_with('\\'))
+    path.remove_suffix(1);
+  return std::string(path.substr(0, path.find_last_of("\\/")));
+}
+
+std::string nameOf(std::string_view path) {
+  const std::vector<std::string> parts = components(path);
+  return parts.empty() ? "" : parts.back();
+}
+
+template <class Nodes>
+auto findNamed(Nodes& nodes, const std::string& name) {
+  return std::find_if(nodes.begin(), nodes.end(),
+                      [&](const auto& node) { return folded(node->name) == folded(name); });
+}
+
+}  // namespace
+
+// Reads the directory as it is at each step, so that a test can change it in between.
+class MemoryFileSystem::Listing : public DirectoryListing {
+ public:
+  Listing(MemoryFileSystem& disk, std::shared_ptr<Node> directory, std::string path, int mask)
+      : disk_(disk), directory_(std::move(directory)), path_(std::move(path)), mask_(mask) {}
+
+  bool next() override {
+    disk_.note(DiskAction::nextEntry, path_);
+    constexpr std::size_t dotEntries = 2;
+    for (;; ++next_) {
+      if (next_ < dotEntries) {
+        current_ = std::make_shared<Node>();
+        current_->name = next_ == 0 ? "." : "..";
+        current_->isDirectory = true;
+      } else if (next_ - dotEntries < directory_->children.size()) {
+        current_ = directory_->children[next_ - dotEntries];
+        if (isHeldBack(*current_)) continue;
+      } else {
+        return false;
+      }
+      ++next_;
+      return true;
+    }
+  }
+  std::string_view name() const override { return current_->name; }
+  int attributes() override {
+    disk_.note(DiskAction::entryAttributes, entryPath());
+    return current_->attributes();
+  }
+  std::int32_t size() override {
+    disk_.note(DiskAction::entrySize, entryPath());
+    return current_->shortLength();
+  }
+  DateTime modified() override {
+    disk_.note(DiskAction::entryDate, entryPath());
+    return current_->modified;
+  }
+
+ private:
+  bool isHeldBack(const Node& node) const {
+    const int filtered = attributeHidden | attributeSystem | attributeDirectory;
+    return (node.attributes() & filtered & ~mask_) != 0;
+  }
+  std::string entryPath() const { return path_ + "\\" + current_->name; }
+
+  MemoryFileSystem& disk_;
+  std::shared_ptr<Node> directory_;
+  std::string path_;
+  int mask_;
+  std::size_t next_ = 0;
+  std::shared_ptr<Node> current_;
+};
+
+MemoryFileSystem::MemoryFileSystem() {
+  directory("C:");
+}
+MemoryFileSystem::~MemoryFileSystem() = default;
+
+void MemoryFileSystem::note(DiskAction action, std::string_view path, std::int64_t position) {
+  const DiskCall call{action, std::string(path), position};
+  calls.push_back(call);
+  if (before) before(call);
+  for (PlannedFailure& planned : planned_)
+    if (planned.action == action && (planned.path.empty() || folded(planned.path) == folded(path)))
+      if (--planned.nth == 0) fail(planned.number);
+}
+
+std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::find(std::string_view path) const {
+  const std::vector<std::string> parts = components(path);
+  if (parts.empty()) return nullptr;
+  const auto drive = drives_.find(folded(parts.front()));
+  if (drive == drives_.end()) return nullptr;
+  std::shared_ptr<Node> node = drive->second;
+  for (std::size_t i = 1; i < parts.size(); ++i) {
+    if (!node->isDirectory) return nullptr;
+    const auto child = findNamed(node->children, parts[i]);
+    if (child == node->children.end()) return nullptr;
+    node = *child;
+  }
+  return node;
+}
+
+std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::need(std::string_view path,
+                                                               FailureNumber otherwise) const {
+  auto node = find(path);
+  if (!node) fail(otherwise);
+  return node;
+}
+
+std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::needParent(std::string_view path) const {
+  auto parent = need(parentOf(path), FailureNumber::pathNotFound);
+  if (!parent->isDirectory) fail(FailureNumber::pathNotFound);
+  return parent;
+}
+
+std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::addFile(std::string_view path) {
+  const auto parent = needParent(path);
+  auto node = std::make_shared<Node>();
+  node->name = nameOf(path);
+  parent->children.push_back(node);
+  return node;
+}
+
+void MemoryFileSystem::file(std::string_view path, std::string_view content, DateTime modified) {
+  directory(parentOf(path));
+  auto node = find(path);
+  if (!node) node = addFile(path);
+  node->content = content;
+  node->modified = modified;
+}
+
+void MemoryFileSystem::emptyFileOfLength(std::string_view path, std::int64_t length) {
+  file(path, "");
+  find(path)->pretendedLength = length;
+}
+
+void MemoryFileSystem::directory(std::string_view path) {
+  const std::vector<std::string> parts = components(path);
+  std::shared_ptr<Node>& drive = drives_[folded(parts.at(0))];
+  if (!drive) {
+    drive = std::make_shared<Node>();
+    drive->isDirectory = true;
+  }
+  std::shared_ptr<Node> node = drive;
+  for (std::size_t i = 1; i < parts.size(); ++i) {
+    const auto child = findNamed(node->children, parts[i]);
+    if (child != node->children.end()) {
+      node = *child;
+      continue;
+    }
+    auto added = std::make_shared<Node>();
+    added->name = parts[i];
+    added->isDirectory = true;
+    node->children.push_back(added);
+    node = added;
+  }
+}
+
+void MemoryFileSystem::setAttributes(std::string_view path, int attributes) {
+  need(path, FailureNumber::fileNotFound)->flags =
+      attributes & (attributeReadOnly | attributeHidden | attributeSystem);
+}
+
+void MemoryFileSystem::erase(std::string_view path) {
+  const auto node = need(path, FailureNumber::fileNotFound);
+  std::erase(needParent(path)->children, node);
+}
+
+bool MemoryFileSystem::exists(std::string_view path) const {
+  return find(path) != nullptr;
+}
+
+std::string MemoryFileSystem::content(std::string_view path) const {
+  return need(path, FailureNumber::fileNotFound)->content;
+}
+
+std::vector<std::string> MemoryFileSystem::names(std::string_view directory) const {
+  std::vector<std::string> result;
+  for (const auto& child : need(directory, FailureNumber::pathNotFound)->children)
+    result.push_back(child->name);
+  return result;
+}
+
+std::map<std::string, std::string> MemoryFileSystem::allFiles() const {
+  std::map<std::string, std::string> result;
+  const std::function<void(const Node&, const std::string&)> visit = [&](const Node& node,
+                                                                         const std::string& path) {
+    if (!node.isDirectory) result[path] = node.content;
+    for (const auto& child : node.children)
+      visit(*child, path + "\\" + child->name);
+  };
+  for (const auto& [letter, root] : drives_)
+    visit(*root, std::string(1, static_cast<char>(std::toupper(letter[0]))) + ":");
+  return result;
+}
+
+int MemoryFileSystem::openFiles() const {
+  return static_cast<int>(open_.size());
+}
+
+int MemoryFileSystem::count(DiskAction action, std::string_view path) const {
+  return static_cast<int>(std::count_if(calls.begin(), calls.end(), [&](const DiskCall& call) {
+    return call.action == action && folded(call.path) == folded(path);
+  }));
+}
+
+void MemoryFileSystem::failOn(DiskAction action, std::string_view path, FailureNumber number,
+                              int nth) {
+  planned_.push_back({action, std::string(path), number, nth});
+}
+
+std::unique_ptr<DirectoryListing> MemoryFileSystem::list(std::string_view directory, int mask) {
+  note(DiskAction::list, directory);
+  auto node = need(directory, FailureNumber::pathNotFound);
+  if (!node->isDirectory) fail(FailureNumber::pathNotFound);
+  std::string path(directory);
+  while (path.ends_with('\\'))
+    path.pop_back();
+  return std::make_unique<Listing>(*this, std::move(node), std::move(path), mask);
+}
+
+bool MemoryFileSystem::canEnter(std::string_view directory) {
+  note(DiskAction::canEnter, directory);
+  const auto node = find(directory);
+  return node && node->isDirectory;
+}
+
+void MemoryFileSystem::makeDirectory(std::string_view path) {
+  note(DiskAction::makeDirectory, path);
+  needParent(path);
+  if (find(path)) fail(FailureNumber::pathFileAccess);
+  directory(path);
+}
+
+void MemoryFileSystem::removeDirectory(std::string_view path) {
+  note(DiskAction::removeDirectory, path);
+  const auto node = need(path, FailureNumber::pathNotFound);
+  if (!node->isDirectory || !node->children.empty()) fail(FailureNumber::pathFileAccess);
+  erase(path);
+}
+
+int MemoryFileSystem::attributes(std::string_view path) {
+  note(DiskAction::attributes, path);
+  return need(path, FailureNumber::fileNotFound)->attributes();
+}
+
+void MemoryFileSystem::clearAttributes(std::string_view path) {
+  note(DiskAction::clearAttributes, path);
+  need(path, FailureNumber::fileNotFound)->flags &= ~attributeReadOnly;
+}
+
+std::int32_t MemoryFileSystem::length(std::string_view path) {
+  note(DiskAction::length, path);
+  return need(path, FailureNumber::fileNotFound)->shortLength();
+}
+
+DateTime MemoryFileSystem::modified(std::string_view path) {
+  note(DiskAction::modified, path);
+  return need(path, FailureNumber::fileNotFound)->modified;
+}
+
+void MemoryFileSystem::remove(std::string_view path) {
+  note(DiskAction::remove, path);
+  const auto node = need(path, FailureNumber::fileNotFound);
+  if (node->isDirectory || (node->flags & attributeReadOnly) != 0)
+    fail(FailureNumber::pathFileAccess);
+  erase(path);
+}
+
+void MemoryFileSystem::rename(std::string_view from, std::string_view to) {
+  note(DiskAction::rename, from);
+  const auto node = need(from, FailureNumber::fileNotFound);
+  if (find(to)) fail(FailureNumber::fileAlreadyExists);
+  const auto target = needParent(to);
+  erase(from);
+  node->name = nameOf(to);
+  target->children.push_back(node);
+}
+
+FileNumber MemoryFileSystem::open(std::string_view path, OpenMode mode) {
+  note(DiskAction::open, path);
+  auto node = find(path);
+  if (!node && mode != OpenMode::output && mode != OpenMode::binary)
+    fail(FailureNumber::fileNotFound);
+  if (!node) node = addFile(path);
+  if (node->isDirectory) fail(FailureNumber::pathFileAccess);
+  const bool writes = mode != OpenMode::input && mode != OpenMode::sharedBinary;
+  if (writes && (node->flags & attributeReadOnly) != 0) fail(FailureNumber::pathFileAccess);
+  if (mode == OpenMode::output) node->content.clear();
+  FileNumber number = 1;
+  while (open_.contains(number))
+    ++number;
+  open_[number] = {node, std::string(path), mode};
+  return number;
+}
+
+MemoryFileSystem::OpenFile& MemoryFileSystem::opened(FileNumber file) {
+  const auto found = open_.find(file);
+  if (found == open_.end()) fail(FailureNumber::invalidProcedureCall);
+  return found->second;
+}
+
+std::size_t MemoryFileSystem::read(FileNumber file, std::span<char> into) {
+  OpenFile& from = opened(file);
+  note(DiskAction::read, from.path, static_cast<std::int64_t>(from.position));
+  const std::string& content = from.node->content;
+  const std::size_t left = content.size() - std::min(from.position, content.size());
+  const std::size_t length = std::min(into.size(), left);
+  if (length > 0) std::memcpy(into.data(), content.data() + from.position, length);
+  from.position += length;
+  if (length < into.size()) from.triedToPassEnd = true;
+  return length;
+}
+
+void MemoryFileSystem::write(FileNumber file, std::string_view bytes) {
+  OpenFile& to = opened(file);
+  note(DiskAction::write, to.path, static_cast<std::int64_t>(to.position));
+  if (to.mode == OpenMode::input || to.mode == OpenMode::sharedBinary)
+    fail(FailureNumber::pathFileAccess);
+  if (freeBytes && *freeBytes < static_cast<std::int64_t>(bytes.size()))
+    fail(FailureNumber::diskFull);
+  if (freeBytes) *freeBytes -= static_cast<std::int64_t>(bytes.size());
+  std::string& content = to.node->content;
+  content.resize(std::max(content.size(), to.position + bytes.size()));
+  content.replace(to.position, bytes.size(), bytes);
+  to.position += bytes.size();
+}
+
+void MemoryFileSystem::seek(FileNumber file, std::int64_t position) {
+  OpenFile& moved = opened(file);
+  note(DiskAction::seek, moved.path, position);
+  if (position < 0) fail(FailureNumber::invalidProcedureCall);
+  moved.position = static_cast<std::size_t>(position);
+}
+
+std::int64_t MemoryFileSystem::openLength(FileNumber file) {
+  const OpenFile& asked = opened(file);
+  note(DiskAction::openLength, asked.path);
+  return asked.node->length();
+}
+
+bool MemoryFileSystem::atEnd(FileNumber file) {
+  const OpenFile& asked = opened(file);
+  note(DiskAction::atEnd, asked.path);
+  if (asked.mode == OpenMode::input) return asked.position >= asked.node->content.size();
+  return asked.triedToPassEnd;
+}
+
+void MemoryFileSystem::close(FileNumber file) {
+  const OpenFile& closing = opened(file);
+  note(DiskAction::close, closing.path);
+  open_.erase(file);
+}
+
+}  // namespace quernstoke
