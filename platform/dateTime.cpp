@@ -25,6 +25,9 @@ constexpr int lastYear = 9999;
 CivilTime civilTime(DateTime when) {
   const local_seconds point{seconds{when.seconds}};
   const auto midnight = floor<days>(point);
+  const auto within = [](int value, int limit) { return value >= 0 && value < limit; };
+  // Months and days have eight bits in the calendar's own types.
+  if (!within(civil.month, 13) || !within(civil.day, 32)) fail(FailureNumber::typeMismatch);
   const year_month_day date{midnight};
   const hh_mm_ss time{point - midnight};
   return {static_cast<int>(date.year()),
@@ -36,10 +39,12 @@ CivilTime civilTime(DateTime when) {
 }
 
 DateTime dateTime(const CivilTime& civil) {
+  const auto within = [](int value, int limit) { return value >= 0 && value < limit; };
+  // Months and days have eight bits in the calendar's own types.
+  if (!within(civil.month, 13) || !within(civil.day, 32)) fail(FailureNumber::typeMismatch);
   const year_month_day date{std::chrono::year{civil.year},
                             std::chrono::month{static_cast<unsigned>(civil.month)},
                             std::chrono::day{static_cast<unsigned>(civil.day)}};
-  const auto within = [](int value, int limit) { return value >= 0 && value < limit; };
   if (!date.ok() || civil.year < firstYear || civil.year > lastYear || !within(civil.hour, 24) ||
       !within(civil.minute, 60) || !within(civil.second, 60))
     fail(FailureNumber::typeMismatch);

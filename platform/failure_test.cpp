@@ -1,0 +1,46 @@
+#include "platform/failure.h"
+
+#include <gtest/gtest.h>
+
+namespace quernstoke {
+namespace {
+
+TEST(Failure, CarriesItsNumberAndItsWords) {
+  const std::pair<FailureNumber, const char*> expected[] = {
+      {FailureNumber::invalidProcedureCall, "Invalid procedure call or argument"},
+      {FailureNumber::overflow, "Overflow"},
+      {FailureNumber::outOfMemory, "Out of memory"},
+      {FailureNumber::subscriptOutOfRange, "Subscript out of range"},
+      {FailureNumber::divisionByZero, "Division by zero"},
+      {FailureNumber::typeMismatch, "Type mismatch"},
+      {FailureNumber::fileNotFound, "File not found"},
+      {FailureNumber::fileAlreadyOpen, "File already open"},
+      {FailureNumber::deviceError, "Device I/O error"},
+      {FailureNumber::fileAlreadyExists, "File already exists"},
+      {FailureNumber::diskFull, "Disk full"},
+      {FailureNumber::inputPastEnd, "Input past end of file"},
+      {FailureNumber::permissionDenied, "Permission denied"},
+      {FailureNumber::pathFileAccess, "Path/File access error"},
+      {FailureNumber::pathNotFound, "Path not found"},
+  };
+  for (const auto& [number, words] : expected) {
+    const Failure failure(number);
+    EXPECT_EQ(static_cast<int>(number), failure.number);
+    EXPECT_EQ(words, failure.description);
+    EXPECT_STREQ(words, failure.what());
+  }
+}
+
+TEST(Failure, IsThrownByFail) {
+  try {
+    fail(FailureNumber::diskFull);
+  } catch (const Failure& failure) {
+    EXPECT_EQ(61, failure.number);
+    EXPECT_TRUE(failure.is(FailureNumber::diskFull));
+    EXPECT_FALSE(failure.is(FailureNumber::deviceError));
+    return;
+  }
+}
+
+}  // namespace
+}  // namespace quernstoke

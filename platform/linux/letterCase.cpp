@@ -1,0 +1,146 @@
+#include "platform/linux/letterCase.h"
+
+#include <clocale>
+#include <cstdint>
+#include <cwctype>
+
+namespace quernstoke {
+
+namespace {
+
+// The one locale that says what a capital letter is, whatever language the person speaks.
+locale_t unicodeLocale() {
+  static const locale_t locale = [] {
+    for (const char* name : {"C.UTF-8", "en_US.UTF-8", ""})
+      if (const locale_t found = ::newlocale(LC_CTYPE_MASK, name, locale_t{})) return found;
+    return ::newlocale(LC_ALL_MASK, "C", locale_t{});
+  }();
+  return locale;
+}
+
+// One character of a text; a byte that is no valid UTF-8 is a character of its own.
+struct Character {
+  std::uint32_t code;
+  std::size_t length;
+  bool isValid;
+
+  bool isAscii() const { return code < 0x80; }
+  friend bool operator==(const Character&, const Character&) = default;
+};
+
+std::size_t sequenceLength(unsigned char lead) {
+  if (lead >= 0xC2 && lead <= 0xDF) return 2;
+  if (lead >= 0xE0 && lead <= 0xEF) return 3;
+  if (lead >= 0xF0 && lead <= 0xF4) return 4;
+  return 1;
+}
+
+Character characterAt(std::string_view text, std::size_t position) {
+  constexpr std::uint32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
+  const auto lead = static_cast<unsigned char>(text[position]);
+  if (lead < 0x80) return {lead, 1, true};
+  const Character invalid{lead, 1, false};
+  const std::size_t length = sequenceLength(lead);
+  if (length == 1 || text.size() - position < length) return invalid;
+  std::uint32_t code = lead & (0x7FU >> length);
+  for (std::size_t i = 1; i < length; ++i) {
+    const auto byte = static_cast<unsigned char>(text[position + i]);
+    if ((byte & 0xC0U) != 0x80U) return invalid;
+    code = (code << 6) | (byte & 0x3FU);
+  }
+  const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
+  if (code < smallest[length] || code > 0x10FFFF || isSurrogate) return invalid;
+  return {code, length, true};
+}
+
+void append(std::uint32_t code, std::string& into) {
+  const auto continuation = [&](unsigned shift) {
+    into += static_cast<char>(0x80U | ((code >> shift) & 0x3FU));
+  };
+  if (code < 0x80) {
+    into += static_cast<char>(code);
+  } else if (code < 0x800) {
+    into += static_cast<char>(0xC0U | (code >> 6));
+    continuation(0);
+  } else if (code < 0x10000) {
+    into += static_cast<char>(0xE0U | (code >> 12));
+    continuation(6);
+    continuation(0);
+  } else {
+    into += static_cast<char>(0xF0U | (code >> 18));
+    continuation(12);
+    continuation(6);
+    continuation(0);
+  }
+}
+
+char asciiLower(char byte) {
+  return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
+}
+
+char asciiUpper(char byte) {
+  return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - ('a' - 'A')) : byte;
+}
+
+std::uint32_t lowerCode(std::uint32_t code) {
+  return static_cast<std::uint32_t>(::towlower_l(static_cast<wint_t>(code), unicodeLocale()));
+}
+
+std::uint32_t upperCode(std::uint32_t code) {
+  return static_cast<std::uint32_t>(::towupper_l(static_cast<wint_t>(code), unicodeLocale()));
+}
+
+template <class MapByte, class MapCode>
+std::string mapped(std::string_view text, MapByte mapByte, MapCode mapCode) {
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t i = 0; i < text.size();) {
+    const char byte = text[i];
+    if (static_cast<unsigned char>(byte) < 0x80) {
+      result += mapByte(byte);
+      ++i;
+      continue;
+    }
+    const Character character = characterAt(text, i);
+    if (character.isValid)
+      append(mapCode(character.code), result);
+    else
+      result += byte;
+    i += character.length;
+  }
+  return result;
+}
+
+bool sameLetter(const Character& left, const Character& right) {
+  if (left == right) return true;
+  if (!left.isValid || !right.isValid) return false;
+  if (left.isAscii() && right.isAscii())
+    return asciiLower(static_cast<char>(left.code)) == asciiLower(static_cast<char>(right.code));
+  return lowerCode(left.code) == lowerCode(right.code) ||
+         upperCode(left.code) == upperCode(right.code);
+}
+
+}  // namespace
+
+std::string lowerCase(std::string_view text) {
+  return mapped(text, asciiLower, lowerCode);
+}
+
+std::string upperCase(std::string_view text) {
+  return mapped(text, asciiUpper, upperCode);
+}
+
+bool sameIgnoringCase(std::string_view left, std::string_view right) {
+  std::size_t l = 0;
+  std::size_t r = 0;
+  while (l < left.size() && r < right.size()) {
+    const Character leftCharacter = characterAt(left, l);
+    const Character rightCharacter = characterAt(right, r);
+    if (!sameLetter(leftCharacter, rightCharacter)) return false;
+    l += leftCharacter.length;
+    r += rightCharacter.length;
+  }
+  return l == left.size() && r == right.size();
+}
+
+}  // namespace quernstoke

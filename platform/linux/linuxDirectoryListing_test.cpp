@@ -1,0 +1,290 @@
+#include "platform/linux/linuxDirectoryListing.h"
+
+#include <algorithm>
+#include <ctime>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <map>
+#include <set>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <vector>
+
+#include "platform/linux/expectFailure.h"
+#include "platform/linux/linuxFileSystem.h"
+#include "platform/linux/temporaryTree.h"
+#include "platform/linux/withoutPrivileges.h"
+
+namespace quernstoke {
+namespace {
+
+constexpr int everything =
+    attributeReadOnly | attributeHidden | attributeSystem | attributeDirectory | attributeArchive;
+constexpr int plainFiles = attributeReadOnly | attributeArchive;
+
+class Listing : public testing::Test {
+ protected:
+  std::set<std::string> names(int mask = everything) {
+    std::set<std::string> found;
+    const auto listing = files_.list(tree_.programPath(), mask);
+    while (listing->next())
+      if (listing->name() != "." && listing->name() != "..") found.emplace(listing->name());
+    return found;
+  }
+
+  // The listing at the entry of this name.
+  std::unique_ptr<DirectoryListing> at(std::string_view name) {
+    auto listing = files_.list(tree_.programPath(), everything);
+    while (listing->next())
+      if (listing->name() == name) return listing;
+    throw std::runtime_error("no such entry");
+  }
+
+  TemporaryTree tree_;
+  LinuxFileSystem files_{DriveTable()};
+};
+
+using Names = std::set<std::string>;
+
+TEST_F(Listing, GivesOutFilesAndDirectories) {
+  tree_.file("a.txt");
+  tree_.directory("d");
+  EXPECT_EQ((Names{"a.txt", "d"}), names());
+}
+
+TEST_F(Listing, GivesTheDotEntriesAsDirectoriesThatAreNeverHidden) {
+  const auto listing = files_.list(tree_.programPath(), attributeDirectory);
+  std::map<std::string, int> found;
+  while (listing->next())
+    found[std::string(listing->name())] = listing->attributes();
+  EXPECT_EQ((std::map<std::string, int>{{".", 16}, {"..", 16}}), found);
+}
+
+TEST_F(Listing, GivesDirectoriesOnlyWhenTheMaskHoldsThem) {
+  tree_.file("a");
+  tree_.directory("d");
+  const auto listing = files_.list(tree_.programPath(), plainFiles);
+  ASSERT_TRUE(listing->next());
+  EXPECT_EQ("a", listing->name());
+  EXPECT_FALSE(listing->next());
+}
+
+TEST_F(Listing, GivesHiddenEntriesOnlyWhenTheMaskHoldsThem) {
+  tree_.file(".hidden");
+  tree_.directory(".cache");
+  tree_.file("seen");
+  EXPECT_EQ((Names{"seen"}), names(everything & ~attributeHidden));
+  EXPECT_EQ((Names{".hidden", ".cache", "seen"}), names());
+  EXPECT_EQ(attributeArchive | attributeHidden, at(".hidden")->attributes());
+  EXPECT_EQ(attributeDirectory | attributeHidden, at(".cache")->attributes());
+}
+
+TEST_F(Listing, ShowsAMissingWritePermissionAsReadOnly) {
+  tree_.file("fixed");
+  tree_.file("free");
+  ::chmod(tree_.path("fixed").c_str(), 0466);
+  EXPECT_EQ(attributeArchive | attributeReadOnly, at("fixed")->attributes());
+  EXPECT_EQ(attributeArchive, at("free")->attributes());
+}
+
+TEST_F(Listing, TellsSizeAndLocalDate) {
+  tree_.file("a", "12345");
+  const timespec times[] = {{0, UTIME_OMIT}, {1'700'000'000, 999'999'999}};
+  ::utimensat(AT_FDCWD, tree_.path("a").c_str(), times, 0);
+  const auto entry = at("a");
+  EXPECT_EQ(5, entry->size());
+  EXPECT_EQ(LocalTime().at(1'700'000'000), entry->modified());
+}
+
+TEST_F(Listing, PassesOverAndCountsWhatIsNeitherFileNorDirectory) {
+  tree_.file("a");
+  tree_.link("linkToFile", "a");
+  tree_.link("linkToDirectory", ".");
+  tree_.link("dangling", "nowhere");
+  tree_.fifo("fifo");
+  const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  tree_.path("socket").copy(address.sun_path, sizeof address.sun_path - 1);
+  ASSERT_EQ(0, ::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address));
+  ::close(socket);
+  EXPECT_EQ((Names{"a"}), names());
+  EXPECT_EQ(3, files_.passedOver().links);
+  EXPECT_EQ(2, files_.passedOver().specials);
+  EXPECT_EQ(1, files_.filesMet());
+}
+
+TEST_F(Listing, FailsForTheSizeOfAFileOfTwoGibibytesAndCountsItOnce) {
+  tree_.file("large");
+  tree_.file("fits");
+  constexpr off_t limit = off_t{1} << 31;
+  if (::truncate(tree_.path("large").c_str(), limit) != 0) GTEST_SKIP() << "no sparse files";
+  ASSERT_EQ(0, ::truncate(tree_.path("fits").c_str(), limit - 1));
+  const auto entry = at("large");
+  EXPECT_FAILURE(overflow, entry->size());
+  EXPECT_FAILURE(overflow, entry->size());
+  EXPECT_EQ(limit - 1, at("fits")->size());
+  EXPECT_EQ(1, files_.passedOver().tooLarge);
+}
+
+TEST_F(Listing, MapsNamesThatTheProgramCannotHold) {
+  for (const char* name :
+       {"a\\b", "tab\t", "line\nbreak", "\"quoted\"", "\xFF\xFE", "\xEF\x81\x9C"})
+    tree_.file(name, name);
+  EXPECT_EQ((Names{"a\xEF\x81\x9C"
+                   "b",
+                   "tab\xEF\x80\x89",
+                   "line\xEF\x80\x8A"
+                   "break",
+                   "\xEF\x80\xA2quoted\xEF\x80\xA2", "\xFF\xFE", "\xEF\x80\x80\xEF\x81\x9C"}),
+            names());
+}
+
+TEST_F(Listing, EveryMappedNameLeadsBackToItsFile) {
+  std::vector<std::string> contents;
+  for (int byte = 1; byte < 256; ++byte) {
+    if (byte == '/' || byte == '.') continue;
+    const std::string name(1, static_cast<char>(byte));
+    tree_.file(name, name);
+    contents.push_back(name);
+  }
+  std::vector<std::string> read;
+  for (const std::string& name : names()) {
+    const FileNumber file = files_.open(tree_.programPath() + "\\" + name, OpenMode::sharedBinary);
+    char content = 0;
+    EXPECT_EQ(1U, files_.read(file, {&content, 1}));
+    files_.close(file);
+    read.emplace_back(1, content);
+  }
+  std::sort(contents.begin(), contents.end());
+  std::sort(read.begin(), read.end());
+  EXPECT_EQ(contents, read);
+}
+
+TEST_F(Listing, ReadsNamesOfFullLengthAndMoreEntriesThanOneBufferHolds) {
+  Names made;
+  for (int i = 0; i < 500; ++i) {
+    std::string name = std::to_string(1000 + i) + std::string(251, 'x');
+    tree_.file(name);
+    made.insert(std::move(name));
+  }
+  EXPECT_EQ(made, names());
+  EXPECT_EQ(500, files_.filesMet());
+}
+
+TEST_F(Listing, KeepsTheOrderOfTheDirectory) {
+  for (int i = 0; i < 50; ++i)
+    tree_.file(std::to_string(i * 7919));
+  std::vector<std::string> own;
+  const auto listing = files_.list(tree_.programPath(), plainFiles);
+  while (listing->next())
+    own.emplace_back(listing->name());
+  std::vector<std::string> directorys;
+  for (const auto& entry : std::filesystem::directory_iterator(tree_.root()))
+    directorys.push_back(entry.path().filename());
+  EXPECT_EQ(directorys, own);
+}
+
+TEST_F(Listing, GoesDownTwoHundredDirectories) {
+  std::string relative;
+  for (int depth = 0; depth < 200; ++depth)
+    relative += "deep/";
+  tree_.file(relative + "bottom");
+  std::string path = tree_.programPath();
+  int depth = 0;
+  for (;; ++depth) {
+    const auto listing = files_.list(path, plainFiles | attributeDirectory);
+    std::string inner;
+    while (listing->next())
+      if (listing->name() == "deep") inner = listing->name();
+    if (inner.empty()) break;
+    path += "\\" + inner;
+  }
+  EXPECT_EQ(200, depth);
+  EXPECT_EQ(1, files_.filesMet());
+}
+
+TEST_F(Listing, AnEntryThatHasGoneAwayFailsAndCountsAsUnreadable) {
+  tree_.file("gone");
+  const auto entry = at("gone");
+  std::filesystem::remove(tree_.path("gone"));
+  EXPECT_FAILURE(fileNotFound, entry->attributes());
+  EXPECT_FAILURE(fileNotFound, entry->size());
+  EXPECT_FAILURE(fileNotFound, entry->modified());
+  EXPECT_EQ(1, files_.passedOver().unreadable);
+}
+
+TEST_F(Listing, AnEntryWhosePlaceALinkHasTakenFails) {
+  tree_.file("a");
+  const auto entry = at("a");
+  std::filesystem::remove(tree_.path("a"));
+  tree_.link("a", "/");
+  EXPECT_FAILURE(fileNotFound, entry->size());
+}
+
+TEST_F(Listing, ADirectoryThatIsNotThereIsAPathNotFound) {
+  tree_.file("file");
+  EXPECT_FAILURE(pathNotFound, files_.list(tree_.programPath("none"), everything));
+  EXPECT_FAILURE(pathNotFound, files_.list(tree_.programPath("file"), everything));
+  EXPECT_FAILURE(pathNotFound, files_.list("Q:\\", everything));
+  EXPECT_EQ(0, files_.passedOver().unreadable);
+}
+
+TEST_F(Listing, ADirectoryThatMayNotBeReadFailsAndIsCountedOnce) {
+  tree_.directory("closed");
+  const WithoutPrivileges privileges(tree_);
+  if (!privileges.areInForce()) GTEST_SKIP() << "root may read everything";
+  ::chmod(tree_.path("closed").c_str(), 0);
+  for (int i = 0; i < 2; ++i)
+    EXPECT_FAILURE(pathFileAccess, files_.list(tree_.programPath("closed"), everything));
+  EXPECT_EQ(1, files_.passedOver().unreadable);
+  ::chmod(tree_.path("closed").c_str(), 0700);
+}
+
+TEST_F(Listing, EntriesOfADirectoryThatMayNotBeSearchedAreGivenOutAndFail) {
+  tree_.file("listable/file");
+  tree_.directory("listable/inner");
+  const WithoutPrivileges privileges(tree_);
+  if (!privileges.areInForce()) GTEST_SKIP() << "root may search everything";
+  ::chmod(tree_.path("listable").c_str(), 0400);
+  const auto listing = files_.list(tree_.programPath("listable"), everything);
+  int entries = 0;
+  while (listing->next()) {
+    if (listing->name() == "." || listing->name() == "..") continue;
+    ++entries;
+    EXPECT_NE(std::nullopt, failureOf([&] { listing->attributes(); }));
+  }
+  EXPECT_EQ(2, entries);
+  EXPECT_EQ(2, files_.passedOver().unreadable);
+  ::chmod(tree_.path("listable").c_str(), 0700);
+}
+
+TEST_F(Listing, ADirectoryReadThatBreaksIsADeviceError) {
+  tree_.file("file");
+  FileTally tally;
+  LocalTime localTime;
+  // A regular file can't be read as a directory, which is as good as a broken disk.
+  LinuxDirectoryListing listing(Descriptor(::open(tree_.path("file").c_str(), O_RDONLY)),
+                                tree_.path("file"), everything, tally, localTime);
+  EXPECT_FAILURE(deviceError, listing.next());
+  EXPECT_EQ(1U, tally.unreadable.size());
+}
+
+TEST_F(Listing, ADirectoryRemovedWhileItIsReadJustEnds) {
+  tree_.directory("d");
+  const auto listing = files_.list(tree_.programPath("d"), everything);
+  std::filesystem::remove(tree_.path("d"));
+  while (listing->next())
+    EXPECT_TRUE(listing->name() == "." || listing->name() == "..");
+}
+
+TEST_F(Listing, OfANamedLinkIsThatOfItsTarget) {
+  tree_.file("real/inner");
+  tree_.link("link", "real");
+  const auto listing = files_.list(tree_.programPath("link"), plainFiles);
+  ASSERT_TRUE(listing->next());
+  EXPECT_EQ("inner", listing->name());
+}
+
+}  // namespace
+}  // namespace quernstoke

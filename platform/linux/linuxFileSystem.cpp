@@ -1,0 +1,253 @@
+#include "platform/linux/linuxFileSystem.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <limits>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+#include "platform/linux/linuxDirectoryListing.h"
+#include "platform/linux/pathLookup.h"
+#include "platform/linux/renaming.h"
+#include "platform/linux/systemCall.h"
+#include "platform/linux/systemFailure.h"
+
+namespace quernstoke {
+
+namespace {
+
+// Makes a call at a path: with the path as it is written, or failing that with what locate finds.
+// Returns the call's result or the error as a negative number.
+template <class Call>
+int atPath(const std::string& path, Call call) {
+  const int outcome = outcomeOf([&] { return call(AT_FDCWD, path.c_str()); });
+  if (outcome >= 0 || !saysAbsent(-outcome)) return outcome;
+  const Place place = locate(path);
+  if (!place.exists) return -place.error;
+  return outcomeOf([&] { return call(place.directory.get(), place.name.c_str()); });
+}
+
+void check(int outcome, Subject subject) {
+  if (outcome < 0) failWith(-outcome, subject);
+}
+
+// The facts of what a path leads to, through links.
+struct stat factsAt(const std::string& path) {
+  struct stat facts;
+  check(atPath(path, [&](int at, const char* name) { return ::fstatat(at, name, &facts, 0); }),
+        Subject::file);
+  return facts;
+}
+
+std::string_view lastComponent(std::string_view path) {
+  return path.substr(path.rfind('/') + 1);  // With no slash at all, npos + 1 is 0.
+}
+
+int flagsOf(OpenMode mode) {
+  // Not blocking: opening a FIFO must not wait for its other end.
+  constexpr int always = O_CLOEXEC | O_NONBLOCK;
+  switch (mode) {
+    case OpenMode::input:
+      return O_RDONLY | always;
+    case OpenMode::output:
+      return O_WRONLY | O_TRUNC | always;
+    case OpenMode::binary:
+      return O_RDWR | always;
+    case OpenMode::sharedBinary:
+      return O_RDONLY | O_NOFOLLOW | always;
+    case OpenMode::update:
+      return O_RDWR | O_NOFOLLOW | always;
+  }
+  fail(FailureNumber::invalidProcedureCall);
+}
+
+bool createsMissing(OpenMode mode) {
+  return mode == OpenMode::output || mode == OpenMode::binary;
+}
+
+// Makes a file that locate hasn't found. Exclusively, so that a link that leads nowhere is not
+// written through.
+int createFile(const Place& place, int flags) {
+  constexpr mode_t permissions = 0666;
+  return outcomeOf([&] {
+    return ::openat(place.directory.get(), place.name.c_str(), flags | O_CREAT | O_EXCL,
+                    permissions);
+  });
+}
+
+int openOrCreate(const std::string& path, OpenMode mode) {
+  const int flags = flagsOf(mode);
+  const int outcome = outcomeOf([&] { return ::open(path.c_str(), flags); });
+  if (outcome >= 0 || !saysAbsent(-outcome)) return outcome;
+  const Place place = locate(path);
+  if (place.exists)
+    return outcomeOf([&] { return ::openat(place.directory.get(), place.name.c_str(), flags); });
+  if (place.error == ENOENT && createsMissing(mode)) return createFile(place, flags);
+  return -place.error;
+}
+
+// Scanned files skip the question: reading what is no regular file fails soon enough.
+bool isOpenableAs(OpenMode mode, int descriptor) {
+  struct stat facts;
+  return mode == OpenMode::sharedBinary ||
+         (::fstat(descriptor, &facts) == 0 && S_ISREG(facts.st_mode));
+}
+
+bool isSameEntry(const Place& left, const Place& right) {
+  struct stat l;
+  struct stat r;
+  return left.name == right.name && ::fstat(left.directory.get(), &l) == 0 &&
+         ::fstat(right.directory.get(), &r) == 0 && l.st_dev == r.st_dev && l.st_ino == r.st_ino;
+}
+
+}  // namespace
+
+LinuxFileSystem::LinuxFileSystem(DriveTable drives) : drives_(std::move(drives)) {}
+
+const std::string& LinuxFileSystem::toLinux(std::string_view path) {
+  drives_.assignLinuxPath(path, linuxPath_);
+  return linuxPath_;
+}
+
+std::unique_ptr<DirectoryListing> LinuxFileSystem::list(std::string_view directory, int mask) {
+  const std::string& path = toLinux(directory);
+  const int outcome = atPath(path, [](int at, const char* name) {
+    return ::openat(at, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  });
+  if (outcome < 0 && !saysAbsent(-outcome)) tally_.unreadable.insert(path);
+  check(outcome, Subject::directory);
+  return std::make_unique<LinuxDirectoryListing>(Descriptor(outcome), path, mask, tally_,
+                                                 localTime_);
+}
+
+bool LinuxFileSystem::canEnter(std::string_view directory) {
+  constexpr int flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+  try {
+    const Descriptor there(atPath(
+        toLinux(directory), [](int at, const char* name) { return ::openat(at, name, flags); }));
+    if (!there.isOpen()) return false;
+    const Descriptor here(::open(".", flags));
+    // Without a way back only the permission is asked for.
+    if (!here.isOpen()) return ::faccessat(there.get(), ".", X_OK, 0) == 0;
+    return ::fchdir(there.get()) == 0 && ::fchdir(here.get()) == 0;
+  } catch (const Failure&) {
+    return false;
+  }
+}
+
+void LinuxFileSystem::makeDirectory(std::string_view path) {
+  constexpr mode_t permissions = 0777;
+  const Place place = locate(toLinux(path));
+  if (place.exists) fail(FailureNumber::pathFileAccess);
+  if (place.error != ENOENT) failWith(place.error, Subject::directory);
+  check(
+      outcomeOf([&] { return ::mkdirat(place.directory.get(), place.name.c_str(), permissions); }),
+      Subject::directory);
+}
+
+void LinuxFileSystem::removeDirectory(std::string_view path) {
+  const Place place = locate(toLinux(path));
+  if (!place.exists) failWith(place.error, Subject::directory);
+  const int outcome = outcomeOf(
+      [&] { return ::unlinkat(place.directory.get(), place.name.c_str(), AT_REMOVEDIR); });
+  if (outcome == -ENOTDIR) fail(FailureNumber::pathFileAccess);
+  check(outcome, Subject::directory);
+}
+
+int LinuxFileSystem::attributes(std::string_view path) {
+  const std::string& linuxPath = toLinux(path);
+  const struct stat facts = factsAt(linuxPath);
+  const std::string_view name = lastComponent(linuxPath);
+  const bool isHidden = name.starts_with('.') && name != "." && name != "..";
+  return (S_ISDIR(facts.st_mode) ? attributeDirectory : 0) |
+         (S_ISREG(facts.st_mode) ? attributeArchive : 0) | (isHidden ? attributeHidden : 0) |
+         ((facts.st_mode & S_IWUSR) == 0 ? attributeReadOnly : 0);
+}
+
+void LinuxFileSystem::clearAttributes(std::string_view path) {
+  constexpr mode_t permissionBits = 07777;
+  check(atPath(toLinux(path),
+               [](int at, const char* name) {
+                 struct stat facts;
+                 if (::fstatat(at, name, &facts, 0) != 0) return -1;
+                 if ((facts.st_mode & S_IWUSR) != 0) return 0;
+                 return ::fchmodat(at, name, (facts.st_mode & permissionBits) | S_IWUSR, 0);
+               }),
+        Subject::file);
+}
+
+std::int32_t LinuxFileSystem::length(std::string_view path) {
+  const struct stat facts = factsAt(toLinux(path));
+  if (!S_ISREG(facts.st_mode)) return 0;
+  if (facts.st_size > std::numeric_limits<std::int32_t>::max()) fail(FailureNumber::overflow);
+  return static_cast<std::int32_t>(facts.st_size);
+}
+
+DateTime LinuxFileSystem::modified(std::string_view path) {
+  return localTime_.at(factsAt(toLinux(path)).st_mtime);
+}
+
+void LinuxFileSystem::remove(std::string_view path) {
+  check(atPath(toLinux(path), [](int at, const char* name) { return ::unlinkat(at, name, 0); }),
+        Subject::file);
+}
+
+void LinuxFileSystem::rename(std::string_view from, std::string_view to) {
+  const Place source = locate(toLinux(from));
+  if (!source.exists) failWith(source.error, Subject::file);
+  const std::string& targetPath = toLinux(to);
+  const Place target = locate(targetPath);
+  // A name that differs in letter case only is taken too, for a later look-up would find either.
+  // Unless it is the file's own: then its case is to change.
+  if (target.exact || (target.exists && !isSameEntry(source, target)))
+    fail(FailureNumber::fileAlreadyExists);
+  if (!target.exists && target.error != ENOENT) failWith(target.error, Subject::file);
+  const std::string newName(lastComponent(targetPath));
+  check(outcomeOf([&] {
+          return renameWithoutReplacing(source.directory.get(), source.name.c_str(),
+                                        target.directory.get(), newName.c_str());
+        }),
+        Subject::file);
+}
+
+FileNumber LinuxFileSystem::open(std::string_view path, OpenMode mode) {
+  const std::string& linuxPath = toLinux(path);
+  const int outcome = openOrCreate(linuxPath, mode);
+  if (outcome < 0 && mode == OpenMode::sharedBinary) tally_.unreadable.insert(linuxPath);
+  check(outcome, Subject::file);
+  Descriptor descriptor(outcome);
+  if (!isOpenableAs(mode, descriptor.get())) fail(FailureNumber::pathFileAccess);
+  return openFiles_.add(std::move(descriptor), mode, linuxPath);
+}
+
+std::size_t LinuxFileSystem::read(FileNumber file, std::span<char> into) {
+  return openFiles_.read(file, into);
+}
+
+void LinuxFileSystem::write(FileNumber file, std::string_view bytes) {
+  openFiles_.write(file, bytes);
+}
+
+void LinuxFileSystem::seek(FileNumber file, std::int64_t position) {
+  openFiles_.seek(file, position);
+}
+
+std::int64_t LinuxFileSystem::openLength(FileNumber file) {
+  return openFiles_.length(file);
+}
+
+bool LinuxFileSystem::atEnd(FileNumber file) {
+  return openFiles_.atEnd(file);
+}
+
+void LinuxFileSystem::close(FileNumber file) {
+  openFiles_.close(file);
+}
+
+PassedOver LinuxFileSystem::passedOver() const {
+  return {tally_.links, tally_.specials, tally_.tooLarge,
+          static_cast<std::int64_t>(tally_.unreadable.size())};
+}
+
+}  // namespace quernstoke

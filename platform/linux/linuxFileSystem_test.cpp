@@ -1,0 +1,252 @@
+#include "platform/linux/linuxFileSystem.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "platform/linux/expectFailure.h"
+#include "platform/linux/scopedVariable.h"
+#include "platform/linux/temporaryTree.h"
+#include "platform/linux/withoutPrivileges.h"
+
+namespace quernstoke {
+namespace {
+
+class LinuxFiles : public testing::Test {
+ protected:
+  // The program's path for one that is relative to the tree, with backslashes.
+  std::string at(std::string_view relative) const {
+    return tree_.programPath() + '\\' + std::string(relative);
+  }
+
+  std::string firstByte(std::string_view path) {
+    const FileNumber file = files_.open(path, OpenMode::sharedBinary);
+    char byte = 0;
+    const std::size_t length = files_.read(file, {&byte, 1});
+    files_.close(file);
+    return std::string(&byte, length);
+  }
+
+  TemporaryTree tree_;
+  LinuxFileSystem files_{DriveTable()};
+};
+
+TEST_F(LinuxFiles, FindADirectoryInAnotherCase) {
+  tree_.file("Müsli/Inner/File.TXT", "x");
+  EXPECT_TRUE(files_.canEnter(at("müsli\\INNER")));
+  EXPECT_EQ("x", firstByte(at("MÜSLI\\inner\\file.txt")));
+  EXPECT_EQ(attributeArchive, files_.attributes(at("müsli\\inner\\file.txt")));
+}
+
+TEST_F(LinuxFiles, PreferTheExactName) {
+  tree_.file("FILE", "1");
+  tree_.file("file", "2");
+  tree_.file("File", "3");
+  tree_.file("Dir/x", "4");
+  tree_.file("dir/x", "5");
+  EXPECT_EQ("1", firstByte(at("FILE")));
+  EXPECT_EQ("2", firstByte(at("file")));
+  EXPECT_EQ("3", firstByte(at("File")));
+  EXPECT_EQ("4", firstByte(at("Dir\\x")));
+  EXPECT_EQ("5", firstByte(at("dir\\x")));
+}
+
+TEST_F(LinuxFiles, PassAFileByWhereADirectoryIsWanted) {
+  tree_.file("music", "a file");
+  tree_.file("Music/song", "x");
+  EXPECT_EQ("x", firstByte(at("music\\song")));
+}
+
+TEST_F(LinuxFiles, FindNamesWithReservedCharactersInAnotherCase) {
+  tree_.file("A:B", "x");
+  EXPECT_EQ("x", firstByte(at(windowsName("a:b"))));
+}
+
+TEST_F(LinuxFiles, TellAMissingFileFromAMissingWay) {
+  EXPECT_FAILURE(fileNotFound, files_.attributes(at("none")));
+  EXPECT_FAILURE(pathNotFound, files_.attributes(at("none\\file")));
+  tree_.file("file");
+  EXPECT_FAILURE(pathNotFound, files_.attributes(at("file\\below")));
+  EXPECT_FAILURE(pathNotFound, files_.attributes("Q:\\file"));
+}
+
+TEST_F(LinuxFiles, ReachPathsLongerThanTheSystemTakes) {
+  const std::string name(250, 'n');
+  std::string path = tree_.programPath();
+  for (int depth = 0; depth < 30; ++depth) {
+    path += "\\" + name;
+    files_.makeDirectory(path);
+  }
+  const std::string file = path + "\\File";
+  const FileNumber number = files_.open(file, OpenMode::output);
+  files_.write(number, "x");
+  files_.close(number);
+  EXPECT_EQ("x", firstByte(path + "\\file"));
+  const auto listing = files_.list(path, attributeArchive);
+  EXPECT_TRUE(listing->next());
+  EXPECT_EQ("File", listing->name());
+  files_.rename(file, path + "\\Other");
+  files_.remove(path + "\\Other");
+  EXPECT_FAILURE(fileNotFound, files_.length(file));
+}
+
+TEST_F(LinuxFiles, ANameThatIsTooLongIsAPathNotFound) {
+  EXPECT_FAILURE(pathNotFound, files_.attributes(at(std::string(300, 'x'))));
+}
+
+TEST_F(LinuxFiles, UseTheDrivesOfTheEnvironment) {
+  tree_.file("a", "x");
+  const ScopedVariable variable("QUERNSTOKE_DRIVES", "M:=" + tree_.root());
+  LinuxFileSystem files;
+  EXPECT_EQ(1, files.length("m:\\a"));
+  EXPECT_TRUE(files.canEnter("M:"));
+  EXPECT_FALSE(files.canEnter("N:"));
+}
+
+TEST_F(LinuxFiles, EnteringADirectoryLeavesTheCurrentOneAsItWas) {
+  const auto before = std::filesystem::current_path();
+  tree_.file("file");
+  EXPECT_TRUE(files_.canEnter(at("")));
+  EXPECT_FALSE(files_.canEnter(at("none")));
+  EXPECT_FALSE(files_.canEnter(at("file")));
+  EXPECT_EQ(before, std::filesystem::current_path());
+}
+
+TEST_F(LinuxFiles, ADirectoryThatMayNotBeEnteredCannotBe) {
+  tree_.directory("closed");
+  const WithoutPrivileges privileges(tree_);
+  if (!privileges.areInForce()) GTEST_SKIP() << "root may enter everything";
+  ::chmod(tree_.path("closed").c_str(), 0600);
+  EXPECT_FALSE(files_.canEnter(at("closed")));
+  ::chmod(tree_.path("closed").c_str(), 0700);
+  EXPECT_TRUE(files_.canEnter(at("closed")));
+}
+
+TEST_F(LinuxFiles, MakeDirectoriesInTheCaseGivenBelowParentsInAnyCase) {
+  tree_.directory("Parent");
+  files_.makeDirectory(at("PARENT\\Child"));
+  EXPECT_TRUE(tree_.exists("Parent/Child"));
+  EXPECT_FAILURE(pathFileAccess, files_.makeDirectory(at("Parent\\Child")));
+  EXPECT_FAILURE(pathFileAccess, files_.makeDirectory(at("Parent\\child")));
+  EXPECT_FAILURE(pathNotFound, files_.makeDirectory(at("none\\Child")));
+}
+
+TEST_F(LinuxFiles, RemoveEmptyDirectoriesOnly) {
+  tree_.file("full/file");
+  tree_.directory("Empty");
+  EXPECT_FAILURE(pathFileAccess, files_.removeDirectory(at("full")));
+  EXPECT_FAILURE(pathFileAccess, files_.removeDirectory(at("full\\file")));
+  EXPECT_FAILURE(pathNotFound, files_.removeDirectory(at("none")));
+  files_.removeDirectory(at("empty"));
+  EXPECT_FALSE(tree_.exists("Empty"));
+}
+
+TEST_F(LinuxFiles, TellAttributesThroughLinks) {
+  tree_.file(".dot");
+  tree_.directory("d");
+  tree_.link("link", ".dot");
+  EXPECT_EQ(attributeArchive | attributeHidden, files_.attributes(at(".dot")));
+  EXPECT_EQ(attributeDirectory, files_.attributes(at("d")));
+  EXPECT_EQ(attributeDirectory, files_.attributes(at("d\\..\\d\\.")));
+  EXPECT_EQ(attributeArchive, files_.attributes(at("link")));
+  EXPECT_EQ(attributeDirectory, files_.attributes("C:\\") & attributeDirectory);
+}
+
+TEST_F(LinuxFiles, ClearTheReadOnlyBitAndNothingElse) {
+  tree_.file("fixed");
+  ::chmod(tree_.path("fixed").c_str(), 0444);
+  EXPECT_EQ(attributeArchive | attributeReadOnly, files_.attributes(at("fixed")));
+  files_.clearAttributes(at("Fixed"));
+  struct stat facts;
+  ASSERT_EQ(0, ::stat(tree_.path("fixed").c_str(), &facts));
+  EXPECT_EQ(0644U, facts.st_mode & 07777U);
+  EXPECT_FAILURE(fileNotFound, files_.clearAttributes(at("none")));
+}
+
+TEST_F(LinuxFiles, TellLengthAndDate) {
+  tree_.file("a", "12345");
+  const timespec times[] = {{0, UTIME_OMIT}, {1'600'000'000, 0}};
+  ::utimensat(AT_FDCWD, tree_.path("a").c_str(), times, 0);
+  EXPECT_EQ(5, files_.length(at("a")));
+  EXPECT_EQ(LocalTime().at(1'600'000'000), files_.modified(at("A")));
+  EXPECT_EQ(0, files_.length(at("")));
+}
+
+TEST_F(LinuxFiles, FailForTheLengthOfTwoGibibytes) {
+  tree_.file("large");
+  if (::truncate(tree_.path("large").c_str(), off_t{1} << 31) != 0)
+    GTEST_SKIP() << "no sparse files";
+  EXPECT_FAILURE(overflow, files_.length(at("large")));
+}
+
+TEST_F(LinuxFiles, RemoveAFile) {
+  tree_.file("a");
+  files_.remove(at("a"));
+  EXPECT_FALSE(tree_.exists("a"));
+  EXPECT_FAILURE(fileNotFound, files_.remove(at("a")));
+}
+
+TEST_F(LinuxFiles, RemovingALinkLeavesItsTarget) {
+  tree_.file("target", "kept");
+  tree_.link("link", "target");
+  tree_.link("dangling", "nowhere");
+  files_.remove(at("link"));
+  files_.remove(at("dangling"));
+  EXPECT_FALSE(tree_.exists("link"));
+  EXPECT_FALSE(tree_.exists("dangling"));
+  EXPECT_EQ("kept", tree_.content("target"));
+}
+
+TEST_F(LinuxFiles, DoNotRemoveADirectoryAsAFile) {
+  tree_.directory("d");
+  EXPECT_FAILURE(pathFileAccess, files_.remove(at("d")));
+  EXPECT_TRUE(tree_.exists("d"));
+}
+
+TEST_F(LinuxFiles, ARefusedRemovalIsAPermissionDenied) {
+  tree_.file("kept/file");
+  const WithoutPrivileges privileges(tree_);
+  if (!privileges.areInForce()) GTEST_SKIP() << "root may remove everything";
+  ::chmod(tree_.path("kept").c_str(), 0500);
+  EXPECT_FAILURE(permissionDenied, files_.remove(at("kept\\file")));
+  ::chmod(tree_.path("kept").c_str(), 0700);
+  EXPECT_TRUE(tree_.exists("kept/file"));
+}
+
+TEST_F(LinuxFiles, RenameKeepsTheCaseGiven) {
+  tree_.file("Old", "x");
+  tree_.directory("Dir");
+  files_.rename(at("old"), at("dir\\New"));
+  EXPECT_FALSE(tree_.exists("Old"));
+  EXPECT_EQ("x", tree_.content("Dir/New"));
+}
+
+TEST_F(LinuxFiles, RenameNeverReplaces) {
+  tree_.file("from", "from");
+  tree_.file("to", "to");
+  tree_.file("Other", "other");
+  tree_.link("dangling", "nowhere");
+  EXPECT_FAILURE(fileAlreadyExists, files_.rename(at("from"), at("to")));
+  EXPECT_FAILURE(fileAlreadyExists, files_.rename(at("from"), at("OTHER")));
+  EXPECT_FAILURE(fileAlreadyExists, files_.rename(at("from"), at("dangling")));
+  EXPECT_FAILURE(fileAlreadyExists, files_.rename(at("from"), at("from")));
+  EXPECT_EQ("from", tree_.content("from"));
+  EXPECT_EQ("to", tree_.content("to"));
+}
+
+TEST_F(LinuxFiles, RenameCanChangeTheCaseOfAName) {
+  tree_.file("name", "x");
+  files_.rename(at("name"), at("Name"));
+  EXPECT_FALSE(tree_.exists("name"));
+  EXPECT_EQ("x", tree_.content("Name"));
+}
+
+TEST_F(LinuxFiles, RenameOfWhatIsMissingOrToAMissingPlaceFails) {
+  tree_.file("a");
+  EXPECT_FAILURE(fileNotFound, files_.rename(at("none"), at("b")));
+  EXPECT_FAILURE(pathNotFound, files_.rename(at("a"), at("none\\b")));
+  EXPECT_TRUE(tree_.exists("a"));
+}
+
+}  // namespace
+}  // namespace quernstoke

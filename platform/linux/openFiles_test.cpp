@@ -1,0 +1,267 @@
+#include "platform/linux/openFiles.h"
+
+#include <csignal>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <limits>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/linux/expectFailure.h"
+#include "platform/linux/linuxFileSystem.h"
+#include "platform/linux/temporaryTree.h"
+#include "platform/linux/withoutPrivileges.h"
+
+namespace quernstoke {
+namespace {
+
+class OpenedFiles : public testing::Test {
+ protected:
+  FileNumber open(std::string_view relative, OpenMode mode) {
+    return files_.open(tree_.programPath(relative), mode);
+  }
+  std::string read(FileNumber file, std::size_t length) {
+    std::string content(length, '?');
+    content.resize(files_.read(file, content));
+    return content;
+  }
+
+  TemporaryTree tree_;
+  LinuxFileSystem files_{DriveTable()};
+};
+
+TEST_F(OpenedFiles, GetTheSmallestFreeNumber) {
+  tree_.file("a");
+  EXPECT_EQ(1, open("a", OpenMode::input));
+  EXPECT_EQ(2, open("a", OpenMode::sharedBinary));
+  EXPECT_EQ(3, open("a", OpenMode::binary));
+  files_.close(1);
+  files_.close(2);
+  EXPECT_EQ(1, open("a", OpenMode::input));
+  EXPECT_EQ(2, open("a", OpenMode::input));
+  EXPECT_EQ(4, open("a", OpenMode::input));
+}
+
+TEST_F(OpenedFiles, ANumberThatIsNotInUseFails) {
+  tree_.file("a");
+  files_.close(open("a", OpenMode::input));
+  for (const FileNumber number : {FileNumber{0}, FileNumber{1}, FileNumber{2}, FileNumber{-1}}) {
+    EXPECT_FAILURE(invalidProcedureCall, read(number, 1));
+    EXPECT_FAILURE(invalidProcedureCall, files_.write(number, "x"));
+    EXPECT_FAILURE(invalidProcedureCall, files_.seek(number, 0));
+    EXPECT_FAILURE(invalidProcedureCall, files_.openLength(number));
+    EXPECT_FAILURE(invalidProcedureCall, files_.atEnd(number));
+    EXPECT_FAILURE(invalidProcedureCall, files_.close(number));
+  }
+}
+
+TEST_F(OpenedFiles, AreClosedWithTheFileSystem) {
+  tree_.file("a");
+  const auto openDescriptors = [] {
+    std::size_t count = 0;
+    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator("/proc/self/fd"))
+      ++count;
+    return count;
+  };
+  if (!std::filesystem::exists("/proc/self/fd")) GTEST_SKIP() << "no proc";
+  const std::size_t before = openDescriptors();
+  {
+    LinuxFileSystem files{DriveTable()};
+    files.open(tree_.programPath("a"), OpenMode::input);
+    EXPECT_EQ(before + 1, openDescriptors());
+  }
+  EXPECT_EQ(before, openDescriptors());
+}
+
+TEST_F(OpenedFiles, ReadFromTheirOwnPosition) {
+  tree_.file("a", "abcdef");
+  const FileNumber first = open("a", OpenMode::sharedBinary);
+  const FileNumber second = open("a", OpenMode::sharedBinary);
+  EXPECT_EQ("abc", read(first, 3));
+  EXPECT_EQ("ab", read(second, 2));
+  EXPECT_EQ("def", read(first, 3));
+  files_.seek(second, 4);
+  EXPECT_EQ("ef", read(second, 9));
+}
+
+TEST_F(OpenedFiles, ReadingPastTheEndGivesNothingAndIsNoFailure) {
+  tree_.file("a", "abc");
+  const FileNumber file = open("a", OpenMode::sharedBinary);
+  for (const std::int64_t position :
+       {std::int64_t{3}, std::int64_t{1} << 40, std::numeric_limits<std::int64_t>::max()}) {
+    files_.seek(file, position);
+    EXPECT_EQ("", read(file, 10));
+    EXPECT_TRUE(files_.atEnd(file));
+  }
+}
+
+TEST_F(OpenedFiles, SeekingBelowZeroFails) {
+  tree_.file("a");
+  const FileNumber file = open("a", OpenMode::sharedBinary);
+  EXPECT_FAILURE(invalidProcedureCall, files_.seek(file, -1));
+}
+
+TEST_F(OpenedFiles, BinaryFilesAreAtTheirEndOnceAReadHasTriedToPassIt) {
+  tree_.file("a", "abc");
+  const FileNumber file = open("a", OpenMode::binary);
+  EXPECT_FALSE(files_.atEnd(file));
+  read(file, 3);
+  EXPECT_FALSE(files_.atEnd(file));
+  read(file, 1);
+  EXPECT_TRUE(files_.atEnd(file));
+  files_.seek(file, 0);
+  EXPECT_FALSE(files_.atEnd(file));
+}
+
+TEST_F(OpenedFiles, InputFilesAreAtTheirEndWithTheLastByteRead) {
+  tree_.file("a", "abc");
+  tree_.file("empty");
+  const FileNumber file = open("a", OpenMode::input);
+  EXPECT_FALSE(files_.atEnd(file));
+  read(file, 2);
+  EXPECT_FALSE(files_.atEnd(file));
+  read(file, 1);
+  EXPECT_TRUE(files_.atEnd(file));
+  EXPECT_TRUE(files_.atEnd(open("empty", OpenMode::input)));
+}
+
+TEST_F(OpenedFiles, AFileThatGrowsIsReadOn) {
+  tree_.file("a", "abc");
+  const FileNumber file = open("a", OpenMode::input);
+  EXPECT_EQ("abc", read(file, 10));
+  EXPECT_TRUE(files_.atEnd(file));
+  std::ofstream(tree_.path("a"), std::ios::app) << "def";
+  EXPECT_FALSE(files_.atEnd(file));
+  EXPECT_EQ("def", read(file, 10));
+  EXPECT_EQ(6, files_.openLength(file));
+}
+
+TEST_F(OpenedFiles, AFileThatShrinksEndsEarlier) {
+  tree_.file("a", "abcdef");
+  const FileNumber file = open("a", OpenMode::sharedBinary);
+  EXPECT_EQ("abc", read(file, 3));
+  std::filesystem::resize_file(tree_.path("a"), 2);
+  EXPECT_EQ("", read(file, 3));
+}
+
+TEST_F(OpenedFiles, OutputCutsAndBinaryDoesNot) {
+  tree_.file("cut", "123456");
+  tree_.file("kept", "123456");
+  files_.write(open("cut", OpenMode::output), "ab");
+  files_.write(open("kept", OpenMode::binary), "ab");
+  EXPECT_EQ("ab", tree_.content("cut"));
+  EXPECT_EQ("ab3456", tree_.content("kept"));
+}
+
+TEST_F(OpenedFiles, WritingMovesThePositionOn) {
+  const FileNumber file = open("new", OpenMode::binary);
+  files_.write(file, "abc");
+  files_.write(file, "def");
+  EXPECT_EQ("", read(file, 1));
+  files_.seek(file, 2);
+  files_.write(file, "X");
+  EXPECT_EQ("def", read(file, 9));
+  EXPECT_EQ("abXdef", tree_.content("new"));
+}
+
+TEST_F(OpenedFiles, WritingToAFileOpenedForReadingFails) {
+  tree_.file("a", "abc");
+  EXPECT_FAILURE(pathFileAccess, files_.write(open("a", OpenMode::sharedBinary), "x"));
+  EXPECT_FAILURE(pathFileAccess, files_.write(open("a", OpenMode::input), "x"));
+}
+
+TEST_F(OpenedFiles, WritingWithoutRoomIsADiskFull) {
+  rlimit before{};
+  ASSERT_EQ(0, ::getrlimit(RLIMIT_FSIZE, &before));
+  const FileNumber file = open("a", OpenMode::output);
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit small{4, before.rlim_max};
+  ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &small));
+  const auto failure = failureOf([&] { files_.write(file, "12345678"); });
+  ::setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(FailureNumber::diskFull, failure);
+}
+
+TEST_F(OpenedFiles, OnlyOutputAndBinaryMakeAMissingFile) {
+  for (const OpenMode mode : {OpenMode::input, OpenMode::sharedBinary, OpenMode::update})
+    EXPECT_FAILURE(fileNotFound, open("Missing", mode));
+  open("Output", OpenMode::output);
+  open("Binary", OpenMode::binary);
+  EXPECT_FALSE(tree_.exists("Missing"));
+  EXPECT_TRUE(tree_.exists("Output"));
+  EXPECT_TRUE(tree_.exists("Binary"));
+  EXPECT_FAILURE(pathNotFound, open("none/file", OpenMode::output));
+}
+
+TEST_F(OpenedFiles, AFileInAnotherCaseIsUsedAndNotMadeAnew) {
+  tree_.file("Name", "old");
+  files_.write(open("NAME", OpenMode::binary), "n");
+  EXPECT_EQ("nld", tree_.content("Name"));
+  files_.write(open("name", OpenMode::output), "o");
+  EXPECT_EQ("o", tree_.content("Name"));
+  EXPECT_FALSE(tree_.exists("NAME"));
+  EXPECT_FALSE(tree_.exists("name"));
+}
+
+TEST_F(OpenedFiles, AreNeverReadThroughALinkOfTheScan) {
+  tree_.file("target", "x");
+  tree_.link("link", "target");
+  EXPECT_FAILURE(pathFileAccess, open("link", OpenMode::sharedBinary));
+  EXPECT_FAILURE(pathFileAccess, open("link", OpenMode::update));
+  EXPECT_EQ("x", read(open("link", OpenMode::input), 1));
+}
+
+TEST_F(OpenedFiles, ALinkThatLeadsNowhereIsNotWrittenThrough) {
+  tree_.link("dangling", "made");
+  for (const OpenMode mode : {OpenMode::output, OpenMode::binary})
+    EXPECT_NE(std::nullopt, failureOf([&] { open("dangling", mode); }));
+  EXPECT_FALSE(tree_.exists("made"));
+}
+
+// A FIFO without a writer would hold up a read or an open for ever.
+TEST_F(OpenedFiles, AFifoNeverHangs) {
+  tree_.fifo("fifo");
+  const FileNumber file = open("fifo", OpenMode::sharedBinary);
+  EXPECT_NE(std::nullopt, failureOf([&] { read(file, 1); }));
+  EXPECT_EQ(1, files_.passedOver().unreadable);
+  for (const OpenMode mode :
+       {OpenMode::input, OpenMode::output, OpenMode::binary, OpenMode::update})
+    EXPECT_FAILURE(pathFileAccess, open("fifo", mode));
+}
+
+TEST_F(OpenedFiles, ADirectoryIsNoFile) {
+  tree_.directory("d");
+  for (const OpenMode mode :
+       {OpenMode::input, OpenMode::output, OpenMode::binary, OpenMode::update})
+    EXPECT_FAILURE(pathFileAccess, open("d", mode));
+  EXPECT_FAILURE(pathFileAccess, read(open("d", OpenMode::sharedBinary), 1));
+}
+
+TEST_F(OpenedFiles, ARefusedFileFailsAndIsCountedOnce) {
+  tree_.file("closed");
+  const WithoutPrivileges privileges(tree_);
+  if (!privileges.areInForce()) GTEST_SKIP() << "root may read everything";
+  ::chmod(tree_.path("closed").c_str(), 0);
+  EXPECT_FAILURE(permissionDenied, open("closed", OpenMode::sharedBinary));
+  EXPECT_FAILURE(permissionDenied, open("closed", OpenMode::sharedBinary));
+  EXPECT_EQ(1, files_.passedOver().unreadable);
+}
+
+TEST_F(OpenedFiles, TooManyOpenFilesIsAnAccessError) {
+  tree_.file("a");
+  rlimit before{};
+  ASSERT_EQ(0, ::getrlimit(RLIMIT_NOFILE, &before));
+  const rlimit small{32, before.rlim_max};
+  ASSERT_EQ(0, ::setrlimit(RLIMIT_NOFILE, &small));
+  const auto failure = failureOf([&] {
+    for (int i = 0; i < 64; ++i)
+      open("a", OpenMode::input);
+  });
+  ::setrlimit(RLIMIT_NOFILE, &before);
+  EXPECT_EQ(FailureNumber::pathFileAccess, failure);
+}
+
+}  // namespace
+}  // namespace quernstoke

@@ -1,0 +1,168 @@
+#include "platform/linux/pathMapping.h"
+
+#include <gtest/gtest.h>
+#include <set>
+
+#include "platform/linux/expectFailure.h"
+#include "platform/linux/scopedVariable.h"
+
+namespace quernstoke {
+namespace {
+
+std::string utf8(unsigned code) {
+  return {static_cast<char>(0xE0U | (code >> 12)), static_cast<char>(0x80U | ((code >> 6) & 0x3FU)),
+          static_cast<char>(0x80U | (code & 0x3FU))};
+}
+
+std::string roundTrip(const std::string& name) {
+  return linuxName(windowsName(name));
+}
+
+TEST(PathMapping, LeavesOrdinaryNamesAlone) {
+  for (const char* name :
+       {"", "readme.txt", ".profile", "a b", "M\xC3\xBCsli", "~!@#$%^&()[]{};',`"}) {
+    EXPECT_EQ(name, windowsName(name));
+    EXPECT_FALSE(needsWindowsName(name));
+  }
+}
+
+TEST(PathMapping, ShowsReservedCharactersAsStandIns) {
+  for (const unsigned char reserved : std::string("\\:*?\"<>|\x01\t\n\x1F"))
+    EXPECT_EQ("a" + utf8(0xF000U + reserved) + "b",
+              windowsName("a" + std::string(1, static_cast<char>(reserved)) + "b"));
+}
+
+TEST(PathMapping, HidesEveryCharacterThatARecordOrPathCouldTripOver) {
+  std::string all;
+  for (int byte = 1; byte < 128; ++byte)
+    if (byte != '/') all += static_cast<char>(byte);
+  const std::string shown = windowsName(all);
+  EXPECT_EQ(std::string::npos, shown.find_first_of("\\:*?\"<>|\r\n\t"));
+  for (const char character : shown)
+    EXPECT_FALSE(character >= 1 && character < 32);
+}
+
+TEST(PathMapping, EverySingleByteSurvivesTheRoundTrip) {
+  for (int byte = 1; byte < 256; ++byte) {
+    const std::string name = "a" + std::string(1, static_cast<char>(byte)) + "b";
+    EXPECT_EQ(name, roundTrip(name)) << byte;
+  }
+}
+
+TEST(PathMapping, EveryPairOfCriticalPiecesSurvivesTheRoundTripUnderItsOwnName) {
+  const std::string pieces[] = {"\\",
+                                "?",
+                                "\x01",
+                                "a",
+                                "\xEF",
+                                "\xEF\x80",
+                                "\x80",
+                                "\x81\x9C",
+                                "\xC3",
+                                utf8(0xF000),
+                                utf8(0xF05C),
+                                utf8(0xF03F),
+                                utf8(0xF041),
+                                utf8(0xF020),
+                                utf8(0xF07F),
+                                utf8(0xEFFF),
+                                "\xF0\x9F\x98\x80"};
+  std::set<std::string> linuxNames;
+  std::set<std::string> windowsNames;
+  for (const std::string& first : pieces)
+    for (const std::string& second : pieces)
+      for (const std::string& third : pieces) {
+        const std::string name = first + second + third;
+        EXPECT_EQ(name, roundTrip(name));
+        linuxNames.insert(name);
+        windowsNames.insert(windowsName(name));
+      }
+  EXPECT_EQ(linuxNames.size(), windowsNames.size());
+}
+
+TEST(PathMapping, ALiteralStandInIsEscaped) {
+  EXPECT_EQ(utf8(0xF000) + utf8(0xF05C), windowsName(utf8(0xF05C)));
+  EXPECT_EQ(utf8(0xF05C), windowsName("\\"));
+  EXPECT_EQ(utf8(0xF041), windowsName(utf8(0xF041)));
+}
+
+TEST(PathMapping, AnEscapeThatEscapesNothingStandsForItself) {
+  EXPECT_EQ(utf8(0xF000) + "a", linuxName(utf8(0xF000) + "a"));
+  EXPECT_EQ(utf8(0xF000), linuxName(utf8(0xF000)));
+}
+
+TEST(DriveTable, RootIsDriveC) {
+  const DriveTable drives;
+  EXPECT_EQ("/", drives.linuxPath("C:\\"));
+  EXPECT_EQ("/", drives.linuxPath("c:"));
+  EXPECT_EQ("/", drives.linuxPath("\\"));
+  EXPECT_EQ("C:\\", drives.programPath("/"));
+  EXPECT_EQ("C", drives.letters());
+}
+
+TEST(DriveTable, TurnsProgramPathsIntoLinuxPaths) {
+  const DriveTable drives;
+  EXPECT_EQ("/a/b", drives.linuxPath("C:\\a\\b"));
+  EXPECT_EQ("/a/b", drives.linuxPath("\\a\\b"));
+  EXPECT_EQ("/a/b", drives.linuxPath("C:/a/b"));
+  EXPECT_EQ("/a/b", drives.linuxPath("C:\\a\\\\b\\\\"));
+  EXPECT_EQ("a/b", drives.linuxPath("a\\b"));
+  EXPECT_EQ("..", drives.linuxPath("..\\"));
+  EXPECT_EQ("", drives.linuxPath(""));
+}
+
+TEST(DriveTable, TurnsLinuxPathsIntoProgramPaths) {
+  const DriveTable drives;
+  EXPECT_EQ("C:\\home\\ann", drives.programPath("/home/ann"));
+  EXPECT_EQ("C:\\home\\ann", drives.programPath("/home//ann/"));
+  EXPECT_EQ("C:\\a" + utf8(0xF05C) + "b", drives.programPath("/a\\b"));
+}
+
+TEST(DriveTable, NamesWithReservedCharactersSurviveInWholePaths) {
+  const DriveTable drives;
+  const std::string path = "/a\\b/c:d/\xFF\n\"/" + utf8(0xF05C) + "/e?";
+  EXPECT_EQ(path, drives.linuxPath(drives.programPath(path)));
+}
+
+TEST(DriveTable, FindsTheDriveWithTheLongestDirectory) {
+  const DriveTable drives = DriveTable::parse("D:=/mnt;E:=/mnt/data/");
+  EXPECT_EQ("E:\\x", drives.programPath("/mnt/data/x"));
+  EXPECT_EQ("E:\\", drives.programPath("/mnt/data"));
+  EXPECT_EQ("D:\\database", drives.programPath("/mnt/database"));
+  EXPECT_EQ("C:\\mntx", drives.programPath("/mntx"));
+  EXPECT_EQ("/mnt/data/x", drives.linuxPath("e:\\x"));
+  EXPECT_EQ("/mnt/data", drives.linuxPath("E:\\"));
+  EXPECT_EQ("/mnt", drives.linuxPath("d:"));
+  EXPECT_EQ("CDE", drives.letters());
+}
+
+TEST(DriveTable, IgnoresBadEntries) {
+  const DriveTable drives = DriveTable::parse(
+      ";;x;D:;E:=relative;FF:=/f;5:=/five;C:=/other;G=/g;H:=/good;h:=/late;=/;I:=");
+  EXPECT_EQ("CH", drives.letters());
+  EXPECT_EQ("/a", drives.linuxPath("C:\\a"));
+  EXPECT_EQ("/good/a", drives.linuxPath("H:\\a"));
+}
+
+TEST(DriveTable, AnUnknownDriveIsAPathNotFound) {
+  EXPECT_FAILURE(pathNotFound, DriveTable().linuxPath("Z:\\a"));
+}
+
+TEST(DriveTable, APathWithANulIsAPathNotFound) {
+  EXPECT_FAILURE(pathNotFound, DriveTable().linuxPath(std::string_view("C:\\a\0b", 6)));
+}
+
+TEST(DriveTable, ReadsTheEnvironment) {
+  const ScopedVariable variable("QUERNSTOKE_DRIVES", "D:=/mnt/data;E:=/media/usb");
+  const DriveTable drives = DriveTable::fromEnvironment();
+  EXPECT_EQ("/mnt/data/a", drives.linuxPath("D:\\a"));
+  EXPECT_EQ("E:\\b", drives.programPath("/media/usb/b"));
+}
+
+TEST(DriveTable, WithoutTheVariableThereIsOnlyDriveC) {
+  const ScopedVariable variable("QUERNSTOKE_DRIVES", std::nullopt);
+  EXPECT_EQ("C", DriveTable::fromEnvironment().letters());
+}
+
+}  // namespace
+}  // namespace quernstoke

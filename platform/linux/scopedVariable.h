@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace quernstoke {
+
+// Sets an environment variable, or takes it away, as long as a test lasts.
+class ScopedVariable {
+ public:
+  ScopedVariable(std::string name, const std::optional<std::string>& value)
+      : name_(std::move(name)) {
+    if (const char* const before = std::getenv(name_.c_str())) before_ = before;
+    set(value);
+  }
+  ~ScopedVariable() { set(before_); }
+  ScopedVariable(const ScopedVariable&) = delete;
+  ScopedVariable& operator=(const ScopedVariable&) = delete;
+
+ private:
+  void set(const std::optional<std::string>& value) const {
+    if (value)
+      ::setenv(name_.c_str(), value->c_str(), 1);
+    else
+      ::unsetenv(name_.c_str());
+  }
+
+  std::string name_;
+  std::optional<std::string> before_;
+};
+
+}  // namespace quernstoke

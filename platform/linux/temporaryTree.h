@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <sys/stat.h>
+#include <system_error>
+
+#include "platform/linux/pathMapping.h"
+
+namespace quernstoke {
+
+// A new directory for one test, removed with all that it holds. Paths given to it are relative
+// Linux paths; directories on the way are made.
+class TemporaryTree {
+ public:
+  TemporaryTree() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "quernstoke.XXXXXX").native();
+    if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary directory");
+    root_ = pattern;
+  }
+  ~TemporaryTree() {
+    std::error_code ignored;
+    std::filesystem::remove_all(root_, ignored);
+  }
+  TemporaryTree(const TemporaryTree&) = delete;
+  TemporaryTree& operator=(const TemporaryTree&) = delete;
+
+  const std::string& root() const { return root_; }
+  std::string path(std::string_view relative) const { return root_ + '/' + std::string(relative); }
+  std::string programPath(std::string_view relative = {}) const {
+    return DriveTable().programPath(relative.empty() ? root_ : path(relative));
+  }
+
+  void directory(std::string_view relative) const {
+    std::filesystem::create_directories(path(relative));
+  }
+  void file(std::string_view relative, std::string_view content = {}) const {
+    makeParent(relative);
+    std::ofstream stream(path(relative), std::ios::binary);
+    stream << content;
+    if (!stream.flush()) throw std::runtime_error("cannot write a file of the test");
+  }
+  void link(std::string_view relative, std::string_view target) const {
+    makeParent(relative);
+    std::filesystem::create_symlink(target, path(relative));
+  }
+  void fifo(std::string_view relative) const {
+    makeParent(relative);
+    if (::mkfifo(path(relative).c_str(), 0600) != 0) throw std::runtime_error("no FIFO");
+  }
+
+  bool exists(std::string_view relative) const {
+    return std::filesystem::exists(std::filesystem::symlink_status(path(relative)));
+  }
+  std::string content(std::string_view relative) const {
+    std::ifstream stream(path(relative), std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  }
+
+ private:
+  void makeParent(std::string_view relative) const {
+    std::filesystem::create_directories(std::filesystem::path(path(relative)).parent_path());
+  }
+
+  std::string root_;
+};
+
+}  // namespace quernstoke
