@@ -21,12 +21,14 @@ std::uint32_t hashOf(std::string_view name) {
   return static_cast<std::uint32_t>(hash ^ (hash >> 32));
 }
 
-// Whether any of `count` values is `wanted`; without a branch inside, so that the compiler
-// compares many at once.
-bool holds(const std::uint32_t* values, std::size_t count, std::uint32_t wanted) {
+// The rows of a stretch are tested at once: with their number known and no branch among them, the
+// compiler compares several hashes with one instruction, also without its highest optimisation.
+constexpr std::size_t stretch = 256;
+
+bool holds(const std::uint32_t* hashes, std::uint32_t wanted) {
   unsigned found = 0;
-  for (std::size_t i = 0; i < count; ++i)
-    found |= values[i] == wanted ? 1U : 0U;
+  for (std::size_t i = 0; i < stretch; ++i)
+    found |= hashes[i] == wanted ? 1U : 0U;
   return found != 0;
 }
 
@@ -46,13 +48,12 @@ void DirectoryTable::set(Int32 row, DirRow content) {
 }
 
 Int32 DirectoryTable::find(std::string_view name) const {
-  constexpr std::size_t stretch = 256;
   const std::uint32_t wanted = hashOf(name);
   const std::uint32_t* hashes = hashes_.data();
   const auto end = static_cast<std::size_t>(upperBound().raw()) + 1;
   for (std::size_t start = 1; start < end; start += stretch) {
     const std::size_t stop = std::min(start + stretch, end);
-    if (!holds(hashes + start, stop - start, wanted)) continue;
+    if (stop - start == stretch && !holds(hashes + start, wanted)) continue;
     for (std::size_t row = start; row < stop; ++row)
       if (hashes[row] == wanted && rows_.data()[row].name == name) return row;
   }

@@ -1,6 +1,7 @@
 #include "catalogue/directoryWalk.h"
 
 #include <memory>
+#include <utility>
 
 #include "catalogue/dirTable.h"
 #include "catalogue/extensions.h"
@@ -50,12 +51,17 @@ void showWalkProgress() {
   basUpdateStatusFields("", -1, 0);
 }
 
-// The entries of a directory, or null, with a line in the log, if it can't be read.
+// A directory at its first entry, whose reading belongs to the opening. Null if there is none or,
+// with a line in the log, if the directory can't be read.
 std::unique_ptr<DirectoryListing> listOrLog(const std::string& path) {
   std::unique_ptr<DirectoryListing> listing;
-  if (ignoringFailure([&] { listing = files().list(path, ScanAttributes.raw()); }) != 0)
-    basLogMsg("Error reading directory " + path);
-  return listing;
+  bool hasEntry = false;
+  const int failure = ignoringFailure([&] {
+    listing = files().list(path, ScanAttributes.raw());
+    hasEntry = listing->next();
+  });
+  if (failure != 0) basLogMsg("Error reading directory " + path);
+  return hasEntry ? std::move(listing) : nullptr;
 }
 
 // An entry whose attributes can't be read counts as a file.
@@ -79,7 +85,7 @@ bool isExcluded(const std::string& path) {
 }
 
 char kindOfDirectory(const std::string& path) {
-  // The two names are compared with the whole path, so they are met only as relative includes.
+  // The two names are compared with the whole path: those of a drive are scanned as any other.
   const bool passedOver = equalIgnoringCase(path, TempDir) ||
                           equalIgnoringCase(path, "system volume information") ||
                           equalIgnoringCase(path, "recycled") || isExcluded(path);
@@ -133,7 +139,7 @@ void takeEntry(DirectoryListing& entry, const std::string& path, Int32 row, Pend
 void takeEntries(DirectoryListing& listing, const std::string& path, Int32 row,
                  PendingRows& pending) {
   constexpr int filesPerUpdate = 500;
-  while (basCheckRunState() && listing.next()) {
+  for (bool hasEntry = true; hasEntry && basCheckRunState(); hasEntry = listing.next()) {
     if (listing.name() == "." || listing.name() == "..") continue;
     if (ScanDetailsShown && FileCount % filesPerUpdate == 0) showWalkProgress();
     takeEntry(listing, path, row, pending);

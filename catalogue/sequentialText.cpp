@@ -1,5 +1,6 @@
 #include "catalogue/sequentialText.h"
 
+#include <array>
 #include <charconv>
 #include <cstdio>
 

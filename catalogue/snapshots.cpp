@@ -50,7 +50,7 @@ void readFileRow(SequentialReader& reader, Int32 file) {
 
 void readFileRows(SequentialReader& reader) {
   constexpr int growth = 5000;
-  for (Int32 row = 1; !reader.atEnd();) {
+  for (Int32 row = 1; !reader.atEnd(); ++row) {
     if (ignoringFailure([&] { readFileRow(reader, row); }) != 0) {
       dialogs().messageBox("Error loading old files list. List ignored");
       FileCount = 0;
@@ -60,8 +60,17 @@ void readFileRows(SequentialReader& reader) {
     // table are cut off.
     if (FileTable.FileStatus[statusState][row] != fileState::removed) ++FileCount;
     if (row >= FileTable.FileName.upperBound()) basRedimFilesArrays(row + growth, true);
-    if (!reader.atEnd()) ++row;
   }
+}
+
+// Makes room for row DirCount. Rows are written without gaps, so that a number far ahead of the
+// lines before it is damage, which must not take all of the machine's memory.
+void growDirTable(Int32 row) {
+  constexpr int growth = 1024;
+  constexpr int farthestAhead = 1000000;
+  if (DirCount < DirTable.upperBound()) return;
+  if (DirCount > row + farthestAhead) fail(FailureNumber::outOfMemory);
+  DirTable.redim(DirCount + growth, true);
 }
 
 }  // namespace
@@ -110,7 +119,6 @@ bool basLoadFilesList() {
 void basLoadDirTable() {
   const std::string path = snapshotPath(".dir");
   orTell("Error loading results from file '" + path + "'. Process aborted", [&] {
-    constexpr int growth = 1024;
     DirCount = 0;
     if (!basFileExists(path)) return;
     const FileNumber file = files().open(path, OpenMode::input);
@@ -120,7 +128,7 @@ void basLoadDirTable() {
       const std::string name = reader.text();
       const std::string kind = reader.text();
       const Int32 parent = reader.number();
-      if (DirCount >= DirTable.upperBound()) DirTable.redim(DirCount + growth, true);
+      growDirTable(row);
       const bool temporary = DirTable[row].temporary;
       DirTable.set(row, {name, kind.empty() ? dirKind::none : kind.front(), parent, temporary});
     }

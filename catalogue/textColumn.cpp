@@ -39,9 +39,10 @@ void TextColumn::set(Int32 row, std::string_view text) {
   }
   const std::size_t needed = sizeof(Length) + text.size();
   if (needed > freeSize_) {
-    freeSize_ = std::max(needed, pieceSize);
-    pieces_.emplace_back(new char[freeSize_]);
+    const std::size_t size = std::max(needed, pieceSize);
+    pieces_.push_back(std::make_unique_for_overwrite<char[]>(size));
     free_ = pieces_.back().get();
+    freeSize_ = size;  // Last, so that a piece that memory is too short for is not written to.
   }
   const auto length = static_cast<Length>(text.size());
   std::memcpy(free_, &length, sizeof length);

@@ -30,16 +30,19 @@ class Checked {
   constexpr Raw raw() const { return value_; }
 
   constexpr Checked& operator+=(Checked other) {
-    if (__builtin_add_overflow(value_, other.value_, &value_)) fail(FailureNumber::overflow);
-    return *this;
+    Raw result = 0;
+    if (__builtin_add_overflow(value_, other.value_, &result)) fail(FailureNumber::overflow);
+    return take(result);
   }
   constexpr Checked& operator-=(Checked other) {
-    if (__builtin_sub_overflow(value_, other.value_, &value_)) fail(FailureNumber::overflow);
-    return *this;
+    Raw result = 0;
+    if (__builtin_sub_overflow(value_, other.value_, &result)) fail(FailureNumber::overflow);
+    return take(result);
   }
   constexpr Checked& operator*=(Checked other) {
-    if (__builtin_mul_overflow(value_, other.value_, &value_)) fail(FailureNumber::overflow);
-    return *this;
+    Raw result = 0;
+    if (__builtin_mul_overflow(value_, other.value_, &result)) fail(FailureNumber::overflow);
+    return take(result);
   }
   constexpr Checked& operator/=(Checked other) {  // Cuts towards 0.
     requireDivisor(other);
@@ -64,6 +67,11 @@ class Checked {
   friend constexpr auto operator<=>(Checked, Checked) = default;
 
  private:
+  // A result is taken over only if it fits: after an overflow the old value still stands.
+  constexpr Checked& take(Raw result) {
+    value_ = result;
+    return *this;
+  }
   constexpr void requireDivisor(Checked other) const {
     if (other.value_ == 0) fail(FailureNumber::divisionByZero);
     if (other.value_ == -1 && value_ == std::numeric_limits<Raw>::min())

@@ -1,6 +1,7 @@
 #include "core/log.h"
 
 #include <string>
+#include <utility>
 
 #include "core/modMain.h"
 #include "core/procedure.h"
@@ -31,8 +32,9 @@ void openLog() {
 }
 
 void closeLog() {
-  if (LogFileNumber > 0) files().close(Int16(LogFileNumber).raw());
-  LogFileNumber = 0;
+  // Given up first: a log that fails to close must not keep the next scan from opening its own.
+  const Int16 file = std::exchange(LogFileNumber, 0);
+  if (file > 0) files().close(file.raw());
 }
 
 }  // namespace quernstoke

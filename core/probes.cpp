@@ -64,13 +64,14 @@ bool basFileExists(std::string_view path) {
 
 void deleteFiles(std::string_view path) {
   std::vector<std::string> found;
-  eachMatchingFile(path, attributeReadOnly | attributeArchive, [&](std::string_view name) {
-    found.emplace_back(name);
-    return true;
+  ignoringFailure([&] {
+    eachMatchingFile(path, attributeReadOnly | attributeArchive, [&](std::string_view name) {
+      found.push_back(std::string(splitPattern(path).directory).append(name));
+      return true;
+    });
   });
-  if (found.empty()) fail(FailureNumber::fileNotFound);
-  for (const std::string& name : found)
-    files().remove(std::string(splitPattern(path).directory) + name);
+  for (const std::string& file : found)
+    ignoringFailure([&] { files().remove(file); });
 }
 
 }  // namespace quernstoke

@@ -12,7 +12,7 @@ bool basDirExists(std::string_view path);
 bool basFileExists(std::string_view path);
 
 // Deletes the files that a path with wildcards in its last component names, hidden ones left out.
-// Fails at the first file that can't be deleted, and with a file not found when there is none.
+// What can't be listed or deleted stays, without a word.
 void deleteFiles(std::string_view path);
 
 }  // namespace quernstoke

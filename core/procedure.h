@@ -32,6 +32,8 @@ int ignoringFailure(Statement&& statement) {
     std::forward<Statement>(statement)();
   } catch (const Failure& failure) {
     return failure.number;
+  } catch (const std::bad_alloc&) {
+    return static_cast<int>(FailureNumber::outOfMemory);
   }
   return 0;
 }

@@ -186,7 +186,7 @@ void basStartScan() {
     MatchBySize = criteriaHold('S');
     // TempDir is still that of the main window or of the previous scan: the copies to clear lie
     // there, whatever the setting says now.
-    ignoringFailure([] { deleteFiles(TempDir + "\\TMP*.*"); });
+    deleteFiles(TempDir + "\\TMP*.*");
     basDoScan();
     closeLog();
   });

@@ -8,33 +8,31 @@ namespace quernstoke {
 
 namespace {
 
-// What is kept of the drive that was asked about last.
 struct DriveSpace {
   std::string root;
-  std::int64_t freeBytes = 0;
-  std::int64_t totalBytes = 0;
+  FixedPoint freeBytes;
+  FixedPoint totalBytes;
   float usedFraction = 0;
   float freeFraction = 0;
 };
 
-DriveSpace lastDrive;
-
 DriveSpace driveSpace(std::string_view rootPath, const DiskSpace& space) {
   const FixedPoint clusterBytes =
       FixedPoint::fromWhole(space.sectorsPerCluster).times(space.bytesPerSector);
-  const FixedPoint free = clusterBytes.times(space.freeClusters);
-  const FixedPoint total = clusterBytes.times(space.totalClusters);
-  DiskFreeBytes = free;
-  DriveSpace drive{std::string(firstCharacters(rootPath, 3)),
-                   free.tenThousandths() / FixedPoint::scale,
-                   total.tenThousandths() / FixedPoint::scale, 0, 0};
-  if (drive.totalBytes != 0) {
-    const auto totalBytes = static_cast<double>(drive.totalBytes);
-    drive.freeFraction = static_cast<float>(static_cast<double>(drive.freeBytes) / totalBytes);
-    drive.usedFraction =
-        static_cast<float>(static_cast<double>(drive.totalBytes - drive.freeBytes) / totalBytes);
+  DriveSpace drive;
+  drive.root = firstCharacters(rootPath, 3);
+  drive.freeBytes = clusterBytes.times(space.freeClusters);
+  drive.totalBytes = clusterBytes.times(space.totalClusters);
+  const double total = drive.totalBytes.toDouble();
+  if (total != 0) {
+    drive.freeFraction = static_cast<float>(drive.freeBytes.toDouble() / total);
+    drive.usedFraction = static_cast<float>((total - drive.freeBytes.toDouble()) / total);
   }
   return drive;
+}
+
+std::string groupedBytes(FixedPoint bytes) {
+  return grouped(bytes.tenThousandths() / FixedPoint::scale);
 }
 
 }  // namespace
@@ -63,17 +61,17 @@ std::string basGetSpecialFolder(Int32 folderId) {
 
 std::string basGetDiskSpace(std::string_view rootPath, std::string_view key) {
   const std::optional<DiskSpace> space = desktop().diskSpace(rootPath);
-  lastDrive = {};
   DiskFreeBytes = {};
-  if (space) lastDrive = driveSpace(rootPath, *space);
+  const DriveSpace drive = space ? driveSpace(rootPath, *space) : DriveSpace();
+  DiskFreeBytes = drive.freeBytes;
 
   const std::string wanted = upper(key);
-  if (wanted == "ROOTPATH") return lastDrive.root;
-  if (wanted == "FREEBYTES") return grouped(lastDrive.freeBytes);
-  if (wanted == "TOTALBYTES") return grouped(lastDrive.totalBytes);
+  if (wanted == "ROOTPATH") return drive.root;
+  if (wanted == "FREEBYTES") return groupedBytes(drive.freeBytes);
+  if (wanted == "TOTALBYTES") return groupedBytes(drive.totalBytes);
   // The names of these two are the wrong way round; their callers count on it.
-  if (wanted == "FREEPCNT") return percentWithTwoDecimals(lastDrive.usedFraction);
-  if (wanted == "USEDPCNT") return percentWithTwoDecimals(lastDrive.freeFraction);
+  if (wanted == "FREEPCNT") return percentWithTwoDecimals(drive.usedFraction);
+  if (wanted == "USEDPCNT") return percentWithTwoDecimals(drive.freeFraction);
   return space ? "1" : "0";
 }
 

@@ -1,10 +1,8 @@
 #include "core/text.h"
 
 #include <algorithm>
-#include <cctype>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <limits>
 
 #include "platform/locale.h"
@@ -139,9 +137,12 @@ std::string grouped(std::int64_t number) {
 }
 
 std::string percentWithTwoDecimals(float fraction) {
+  // Room for any float. Not printf, whose decimal point is that of the process's own locale.
   char buffer[64];
-  std::snprintf(buffer, sizeof buffer, "%.2f", static_cast<double>(fraction) * 100);
-  std::string text = buffer;
+  const double percent = static_cast<double>(fraction) * 100;
+  const char* end =
+      std::to_chars(buffer, buffer + sizeof buffer, percent, std::chars_format::fixed, 2).ptr;
+  std::string text(static_cast<const char*>(buffer), end);
   text.replace(text.find('.'), 1, userLocale().decimalPoint());
   return text + "%";
 }

@@ -24,9 +24,12 @@ void closeIfOpen(FileNumber file) {
   if (file > 0) ignoringFailure([&] { files().close(file); });
 }
 
+Int32 absolute(Int32 block) {
+  return block < 0 ? -block : block;
+}
+
 std::int64_t positionOf(Int32 block) {
-  const Int32 absolute = block < 0 ? -block : block;
-  return (absolute * BlockSize).raw();
+  return (absolute(block) * BlockSize).raw();
 }
 
 std::string actualPath(Int32 file) {
@@ -122,7 +125,10 @@ void writeLocalCopy(ComparedFile& side, Int32 block) {
     side.localHandle = basOpenTempFile(name);
     FileTable.FileLocalName.set(side.file, name);
   }
-  if (ignoringFailure([&] { files().write(side.localHandle, side.data); }) != 0) {
+  const auto writeData = [&] {
+    if (!side.data.empty()) files().write(side.localHandle, side.data);
+  };
+  if (ignoringFailure(writeData) != 0) {
     basLogMsg("Error writting to temp file " + std::string(FileTable.FileLocalName[side.file]));
     return;
   }
@@ -222,7 +228,7 @@ void basCompareFileContentReadBlock(ComparedFile& side, Int32 block, bool& readF
     // Once a comparison has gone to the file itself, it stays there.
     if (side.actualHandle > 0) source = ReadSource::actualFile;
     if (source == ReadSource::none && groupCount >= smallestPooledGroup &&
-        basLLReadData(file, positionInGroup, block, side.data) != -1) {
+        basLLReadData(file, positionInGroup, absolute(block), side.data) != -1) {
       ++BufferReads;
       source = ReadSource::pool;
     }

@@ -214,10 +214,8 @@ bool basCompareFilesCheckExclusion(Int32 primary, Int32 secondary) {
         if (!applies(spec, directory)) continue;
         if (spec.IncludeExclude == "1")
           seenFirst = true;
-        else if (seenFirst)
-          seenSecond = true;
         else
-          seenSecond = false;
+          seenSecond = seenFirst;
       }
       if (seenFirst && seenSecond) return true;
     }

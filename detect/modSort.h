@@ -10,7 +10,8 @@ namespace quernstoke {
 // keys at these indices. Keys do not move.
 
 // Heap sorts. Not stable: the order of equal keys is what their steps give, and the rest of the
-// program only counts on equal keys being neighbours.
+// program only counts on equal keys being neighbours. The one by text takes 16 bytes a slot while
+// it runs; where a key can't be read, it moves nothing.
 void basHeapSortByText(Int32 lo, Int32 hi, const TextColumn& keys, Table<Int32>& pointers);
 void basHeapSortByNumber(Int32 lo, Int32 hi, const Table<Int32>& keys, Table<Int32>& pointers);
 

@@ -70,7 +70,8 @@ void basReorderFilesFromPointerArray() {
 
 void basPruneFilesList(std::string_view mode) {
   procedure("basPruneFilesList", [&] {
-    RunKey runKey(mode);
+    // No file is superfluous for being alone in its directory: the list is one run then.
+    RunKey runKey(mode == "DIRECTORY" ? std::string_view() : mode);
     Int32 runLength;
     bool firstRun = true;
     for (Int32 i = 1; i <= FileCount + 1; ++i) {

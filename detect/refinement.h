@@ -17,8 +17,9 @@ void basSortFilesList(std::string_view mode, bool reorder);
 // Moves the rows of the catalogue into the order of FilePointerArray, which is then reset.
 void basReorderFilesFromPointerArray();
 
-// Takes the files that stand alone in their run out of the sorted catalogue. The first run of the
-// list counts one short: a first run of one file stays, and one of two loses its second file.
+// Takes the files that stand alone in their run of "NAME", "SIZE" or "MATCHNUM" out of the sorted
+// catalogue. The first run of the list counts one short: a first run of one file stays, and one of
+// two loses its second file.
 void basPruneFilesList(std::string_view mode);
 
 // Drops the files that were pruned ("PRUNED"), have no match number ("NOMATCH") or were added

@@ -1,5 +1,7 @@
 #include "detect/tempStore.h"
 
+#include <algorithm>
+
 #include "catalogue/modUnzip.h"
 #include "core/helpers.h"
 #include "core/log.h"
@@ -38,9 +40,9 @@ void orLog(Statement statement, Message message) {
 }
 
 void unpackIntoTempDir(const std::string& zipPath, std::string entry, const std::string& target) {
-  const std::string wanted = entry;
+  // The extraction leaves the entry as it was asked for, brackets escaped, and so it is logged.
   if (basZipExtract(zipPath, entry) != 0)
-    basLogMsg("Unable to extract file " + wanted + " from zip file " + zipPath +
+    basLogMsg("Unable to extract file " + entry + " from zip file " + zipPath +
               ". Reason: " + ZipMessages);
   else
     ignoringFailure([&] { files().clearAttributes(target); });
@@ -72,6 +74,16 @@ void removeDirectoryOfTempDir(const std::string& path) {
         files().removeDirectory(path);
       },
       [&](const Failure&) { return "Error deleting directory " + path; });
+}
+
+// Whether a path below TempDir leads out of it again.
+bool leadsUpward(std::string_view path) {
+  while (!path.empty()) {
+    const std::size_t end = std::min(path.find_first_of("\\/"), path.size());
+    if (path.substr(0, end) == "..") return true;
+    path.remove_prefix(std::min(end + 1, path.size()));
+  }
+  return false;
 }
 
 void deleteInTempDir(const std::string& path) {
@@ -129,6 +141,7 @@ void basDeleteTempFile(const std::string& path) {
   procedure("basDeleteTempFile", [&] {
     if (path.empty() || !path.starts_with(TempDir)) return;
     std::string rest = path.substr(std::min(TempDir.size() + 1, path.size()));
+    if (leadsUpward(rest)) return;
     while (!rest.empty()) {
       deleteInTempDir(TempDir + "\\" + rest);
       const std::size_t cut = rest.find_last_of("\\/:");

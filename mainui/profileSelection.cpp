@@ -17,8 +17,8 @@ namespace quernstoke {
 void basProcessProfileSelection(bool& ok) {
   procedure("basProcessProfileSelection", [&] {
     constexpr int roomForFiles = 5000;
-    ok = !ProfileName.empty() && basLoadProfile("PROFILE");
-    if (!ok) return;
+    ok = false;
+    if (ProfileName.empty() || !basLoadProfile("PROFILE")) return;
     frmMain().basUpdateProfileObjects(ProfileName);
     DuplicateCount = ProfileSettings.NumDuplicates;
     events().yield();
@@ -28,6 +28,7 @@ void basProcessProfileSelection(bool& ok) {
     if (DirCount > 0) DirTable.redim(DirCount, true);
     if (FileCount > 0) basRedimFilesArrays(FileCount, true);
     frmMain().basUpdateStatusBar();
+    ok = true;
   });
 }
 

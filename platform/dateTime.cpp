@@ -25,9 +25,6 @@ constexpr int lastYear = 9999;
 CivilTime civilTime(DateTime when) {
   const local_seconds point{seconds{when.seconds}};
   const auto midnight = floor<days>(point);
-  const auto within = [](int value, int limit) { return value >= 0 && value < limit; };
-  // Months and days have eight bits in the calendar's own types.
-  if (!within(civil.month, 13) || !within(civil.day, 32)) fail(FailureNumber::typeMismatch);
   const year_month_day date{midnight};
   const hh_mm_ss time{point - midnight};
   return {static_cast<int>(date.year()),

@@ -23,8 +23,9 @@ constexpr int filesBeforeEstimate = 9;
 
 void showFile(Int32 file) {
   ScanStatusWindow& window = frmScanStatus();
-  window.labFile1(basBuildFullFilePath(window.labFile1Width(), FileTable.FileName[file],
-                                       basGetDirnameFromFilenum(file), window.labSizer()));
+  const std::string directory = basGetDirnameFromFilenum(file);
+  window.labFile1(basBuildFullFilePath(window.labFile1Width(), FileTable.FileName[file], directory,
+                                       window.labSizer()));
 }
 
 void showEstimate(DateTime now, Int32 fileNumber) {

@@ -36,9 +36,7 @@ bool basConfigRead(FileNumber file, std::string& key, Int16& index, std::string&
     std::size_t field = 0;
     std::string buffer;
 
-    for (bool complete = false; !complete && !files().atEnd(file);) {
-      char byte = 0;
-      if (files().read(file, {&byte, 1}) == 0) break;
+    for (char byte = 0; files().read(file, {&byte, 1}) != 0;) {
       if (byte == fieldEnd) {
         if (field < fields.size()) *fields[field] = buffer;
         buffer.clear();
@@ -47,12 +45,12 @@ bool basConfigRead(FileNumber file, std::string& key, Int16& index, std::string&
         type = buffer;
         index = indexText.empty() ? Int32(0) : toNumber(indexText);
         if (type == "N" && value.empty()) value = "0";
-        complete = true;
+        return false;
       } else {
         buffer += byte;
       }
     }
-    return files().atEnd(file);
+    return true;
   });
 }
 

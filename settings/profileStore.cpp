@@ -45,9 +45,10 @@ Int32 numberOf(const ConfigRecord& record) {
   return 0;
 }
 
-// Hands each record of a settings file to `take`, which may fail: the file then stays open.
+// Hands each record of a settings file to `take`, which may fail: the file then stays open. It is
+// opened for reading alone, so that settings that may not be written can still be used.
 void readRecords(const std::string& path, const std::function<void(const ConfigRecord&)>& take) {
-  const FileNumber file = files().open(path, OpenMode::binary);
+  const FileNumber file = files().open(path, OpenMode::input);
   ConfigRecord record;
   while (!basConfigRead(file, record.key, record.index, record.value, record.type))
     take(record);

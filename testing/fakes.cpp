@@ -26,10 +26,11 @@ std::string mapped(std::string_view text, char first, char last, Map map) {
 
 }  // namespace
 
-Answer ScriptedDialogs::messageBox(std::string_view text, Buttons buttons, std::string_view title) {
+Answer ScriptedDialogs::messageBox(std::string_view text, Buttons shown, std::string_view title) {
   messages.emplace_back(text);
   titles.emplace_back(title);
-  const bool asks = buttons == Buttons::yesNo || buttons == Buttons::yesNoCancel;
+  buttons.push_back(shown);
+  const bool asks = shown == Buttons::yesNo || shown == Buttons::yesNoCancel;
   return takeFront(answers, asks ? Answer::yes : Answer::ok);
 }
 
@@ -41,18 +42,22 @@ std::string ScriptedDialogs::inputBox(std::string_view prompt, std::string_view 
 }
 
 std::int32_t ScriptedDesktop::shellExecute(const ShellRequest& request) {
+  if (failure) fail(*failure);
   opened.push_back({std::string(request.operation), std::string(request.file),
                     std::string(request.parameters), std::string(request.directory),
-                    request.showMode});
+                    request.showMode, request.window});
   return shellAnswer;
 }
 
 std::optional<std::string> ScriptedDesktop::specialFolder(std::int32_t id) {
+  if (failure) fail(*failure);
   constexpr std::int32_t documentsFolder = 5;
   return id == documentsFolder ? documents : std::nullopt;
 }
 
-std::optional<DiskSpace> ScriptedDesktop::diskSpace(std::string_view /*rootPath*/) {
+std::optional<DiskSpace> ScriptedDesktop::diskSpace(std::string_view rootPath) {
+  if (failure) fail(*failure);
+  askedDrive = rootPath;
   return space;
 }
 

@@ -14,6 +14,7 @@
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/eventLoop.h"
+#include "platform/failure.h"
 #include "platform/locale.h"
 #include "platform/windows.h"
 
@@ -24,11 +25,12 @@ class ScriptedDialogs : public Dialogs {
  public:
   std::vector<std::string> messages;
   std::vector<std::string> titles;  // Of the same boxes.
+  std::vector<Buttons> buttons;     // Of the message boxes alone.
   std::vector<Answer> answers;      // Taken from the front.
   std::vector<std::string> inputs;  // Likewise, for input boxes.
   int beeps = 0;
 
-  Answer messageBox(std::string_view text, Buttons buttons, std::string_view title) override;
+  Answer messageBox(std::string_view text, Buttons shown, std::string_view title) override;
   std::string inputBox(std::string_view prompt, std::string_view title,
                        std::string_view preset) override;
   void beep() override { ++beeps; }
@@ -39,11 +41,14 @@ class ScriptedDesktop : public Desktop {
   std::int32_t shellAnswer = shellSuccess;
   std::optional<std::string> documents = "C:\\Users\\Ann\\Documents";
   std::optional<DiskSpace> space;
+  std::optional<FailureNumber> failure;  // What every call fails with, if set.
   struct Opened {
     std::string operation, file, parameters, directory;
     ShowMode showMode;
+    std::intptr_t window;
   };
   std::vector<Opened> opened;
+  std::string askedDrive;
 
   std::int32_t shellExecute(const ShellRequest& request) override;
   std::optional<std::string> specialFolder(std::int32_t id) override;
@@ -68,15 +73,18 @@ class ManualClock : public Clock {
   DateTime now() override;
 };
 
-// Case mapping of ASCII, and dates and numbers in one fixed form.
+// Case mapping of ASCII, dates in one fixed form, and numbers as `thousands` and `point` say.
 class PlainLocale : public Locale {
  public:
   std::string lower(std::string_view text) override;
   std::string upper(std::string_view text) override;
   std::string generalDate(DateTime when) override;  // 2004-11-02 16:41:08
   std::string shortDate(DateTime when) override;    // 2004-11-02
-  std::string thousandsSeparator() override { return ","; }
-  std::string decimalPoint() override { return "."; }
+  std::string thousandsSeparator() override { return thousands; }
+  std::string decimalPoint() override { return point; }
+
+  std::string thousands = ",";
+  std::string point = ".";
 };
 
 // Windows write down what is done to them, in one list: "frmMain show".

@@ -131,8 +131,9 @@ MemoryFileSystem::MemoryFileSystem() {
 }
 MemoryFileSystem::~MemoryFileSystem() = default;
 
-void MemoryFileSystem::note(DiskAction action, std::string_view path, std::int64_t position) {
-  const DiskCall call{action, std::string(path), position};
+void MemoryFileSystem::note(DiskAction action, std::string_view path, std::int64_t position,
+                            OpenMode mode) {
+  const DiskCall call{action, std::string(path), position, mode};
   calls.push_back(call);
   if (before) before(call);
   for (PlannedFailure& planned : planned_)
@@ -333,7 +334,7 @@ void MemoryFileSystem::rename(std::string_view from, std::string_view to) {
 }
 
 FileNumber MemoryFileSystem::open(std::string_view path, OpenMode mode) {
-  note(DiskAction::open, path);
+  note(DiskAction::open, path, 0, mode);
   auto node = find(path);
   if (!node && mode != OpenMode::output && mode != OpenMode::binary)
     fail(FailureNumber::fileNotFound);

@@ -42,7 +42,8 @@ enum class DiskAction {
 struct DiskCall {
   DiskAction action;
   std::string path;
-  std::int64_t position = 0;  // Of a read, write or seek.
+  std::int64_t position = 0;        // Of a read, write or seek.
+  OpenMode mode = OpenMode::input;  // Of an open.
 };
 
 // A disk in memory, with drive letters and backslashes, that answers as the real one does: names
@@ -107,7 +108,8 @@ class MemoryFileSystem : public FileSystem {
     int nth;
   };
 
-  void note(DiskAction action, std::string_view path, std::int64_t position = 0);
+  void note(DiskAction action, std::string_view path, std::int64_t position = 0,
+            OpenMode mode = OpenMode::input);
   std::shared_ptr<Node> find(std::string_view path) const;
   std::shared_ptr<Node> need(std::string_view path, FailureNumber otherwise) const;
   std::shared_ptr<Node> needParent(std::string_view path) const;
