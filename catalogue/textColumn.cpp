@@ -11,7 +11,7 @@ namespace quernstoke {
 namespace {
 
 using Length = std::uint32_t;
-constexpr std::size_t pieceSize = 64 * 1024;
+constexpr std::size_t pieceSize = std::size_t{64} * 1024;
 
 }  // namespace
 

@@ -91,9 +91,17 @@ void seekTail(FileNumber handle) {
   files().seek(handle, files().openLength(handle) - BlockSize.raw() - 1);
 }
 
-ReadSource readActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
-  if (side.actualHandle == 0)
+// A zip entry has no path on disk. What its folder and name make up might still be the path of
+// another file, from the root or the current directory, so it is not even tried.
+void openActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
+  if (DirTable[FileTable.FileDirNum[side.file]].kind == dirKind::zipFolder)
+    readFailed = true;
+  else
     openAt(side.actualHandle, actualPath(side.file), OpenMode::sharedBinary, block, readFailed);
+}
+
+ReadSource readActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
+  if (side.actualHandle == 0) openActualFile(side, block, readFailed);
   if (side.actualHandle > 0) {
     if (block < 0) seekTail(side.actualHandle);
     if (ignoringFailure([&] { readAtPosition(side, side.actualHandle); }) != 0) {

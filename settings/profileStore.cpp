@@ -45,13 +45,23 @@ Int32 numberOf(const ConfigRecord& record) {
   return 0;
 }
 
+bool isEmpty(const ConfigRecord& record) {
+  return record.key.empty() && record.value.empty() && record.type.empty();
+}
+
 // Hands each record of a settings file to `take`, which may fail: the file then stays open. It is
 // opened for reading alone, so that settings that may not be written can still be used.
 void readRecords(const std::string& path, const std::function<void(const ConfigRecord&)>& take) {
+  // A read that failed looks like an empty record; this many in a row are a disk that is lost.
+  constexpr int mostEmptyRecords = 100;
   const FileNumber file = files().open(path, OpenMode::input);
   ConfigRecord record;
-  while (!basConfigRead(file, record.key, record.index, record.value, record.type))
+  int emptyRecords = 0;
+  while (!basConfigRead(file, record.key, record.index, record.value, record.type)) {
+    emptyRecords = isEmpty(record) ? emptyRecords + 1 : 0;
+    if (emptyRecords > mostEmptyRecords) fail(FailureNumber::deviceError);
     take(record);
+  }
   files().close(file);
 }
 

@@ -1,0 +1,122 @@
+#include "core/text.h"
+
+#include "testing/engineTest.h"
+
+namespace quernstoke {
+namespace {
+
+using TextTest = EngineTest;
+
+int numberFailure(std::string_view text) {
+  try {
+    toNumber(text);
+  } catch (const Failure& failure) {
+    return failure.number;
+  }
+  return 0;
+}
+
+TEST_F(TextTest, NumbersHaveSignPointAndExponent) {
+  for (const char* text : {"0", "-17", "+5", " 12\t", "1.5", ".5", "5.", "1e3", "1E+3", "2.5e-1"})
+    EXPECT_TRUE(isNumeric(text)) << text;
+}
+
+TEST_F(TextTest, OtherTextsAreNoNumbers) {
+  for (const char* text :
+       {"", " ", "-", ".", "e5", "1e", "1e+", "12a", "1 2", "--1", "1.2.3", "0x10", "inf", "nan"})
+    EXPECT_FALSE(isNumeric(text)) << text;
+}
+
+TEST_F(TextTest, ATextBecomesItsNumber) {
+  EXPECT_EQ(toNumber("-17"), -17);
+  EXPECT_EQ(toNumber(" +5 "), 5);
+  EXPECT_EQ(toNumber("1e3"), 1000);
+  EXPECT_EQ(toNumber("2147483647"), 2147483647);
+  EXPECT_EQ(toNumber("-2147483648"), INT32_MIN);
+}
+
+TEST_F(TextTest, ANumberIsRoundedAHalfToTheEvenNeighbour) {
+  EXPECT_EQ(toNumber("1.4"), 1);
+  EXPECT_EQ(toNumber("1.5"), 2);
+  EXPECT_EQ(toNumber("2.5"), 2);
+  EXPECT_EQ(toNumber("-0.5"), 0);
+  EXPECT_EQ(toNumber("1e-999"), 0);
+}
+
+TEST_F(TextTest, WhatIsNoNumberOrDoesNotFitFails) {
+  EXPECT_EQ(numberFailure("many"), 13);
+  EXPECT_EQ(numberFailure(""), 13);
+  EXPECT_EQ(numberFailure("2147483648"), 6);
+  EXPECT_EQ(numberFailure("-2147483649"), 6);
+  EXPECT_EQ(numberFailure("1e999"), 6);
+}
+
+TEST_F(TextTest, TruthIsAWordOrANumber) {
+  EXPECT_TRUE(toBoolean("True"));
+  EXPECT_TRUE(toBoolean("TRUE"));
+  EXPECT_TRUE(toBoolean("-1"));
+  EXPECT_FALSE(toBoolean("false"));
+  EXPECT_FALSE(toBoolean("0"));
+  EXPECT_THROW(toBoolean("yes"), Failure);
+}
+
+TEST_F(TextTest, ValuesBecomeText) {
+  EXPECT_EQ(toText(Int32(-17)), "-17");
+  EXPECT_EQ(toText(true), "True");
+  EXPECT_EQ(toText(false), "False");
+}
+
+TEST_F(TextTest, ComparesWithoutRegardToCase) {
+  EXPECT_TRUE(equalIgnoringCase("Music", "mUSIC"));
+  EXPECT_FALSE(equalIgnoringCase("Music", "Musi"));
+  // Neighbours of the letters are no letters.
+  EXPECT_FALSE(equalIgnoringCase("@[", "`{"));
+  EXPECT_TRUE(equalIgnoringCase("Ä.TXT", "Ä.txt"));
+}
+
+TEST_F(TextTest, ComparesStartsWithoutRegardToCase) {
+  EXPECT_TRUE(startsWithIgnoringCase("C:\\Music\\a", "c:\\music"));
+  EXPECT_TRUE(startsWithIgnoringCase("C:\\Ä\\A", "c:\\Ä"));
+  EXPECT_TRUE(startsWithIgnoringCase("a", ""));
+  EXPECT_FALSE(startsWithIgnoringCase("C:", "C:\\"));
+}
+
+TEST_F(TextTest, CharactersAreNotCutInTwo) {
+  EXPECT_EQ(firstCharacters("äöü", 2), "äö");
+  EXPECT_EQ(firstCharacters("ab", 5), "ab");
+  EXPECT_EQ(firstCharacters("ab", 0), "");
+  EXPECT_EQ(characterCount("äöü"), 3u);
+  EXPECT_EQ(characterCount(""), 0u);
+}
+
+TEST_F(TextTest, BytesThatAreNoTextPassUnchanged) {
+  EXPECT_EQ(firstCharacters("a\xFF\xFE", 2), "a\xFF");
+  EXPECT_EQ(characterCount("a\xFF\xFE"), 3u);
+  EXPECT_TRUE(equalIgnoringCase("A\xFF", "a\xFF"));
+}
+
+TEST_F(TextTest, DigitsAreGroupedByThree) {
+  EXPECT_EQ(grouped(0), "0");
+  EXPECT_EQ(grouped(999), "999");
+  EXPECT_EQ(grouped(1000), "1,000");
+  EXPECT_EQ(grouped(1234567), "1,234,567");
+  EXPECT_EQ(grouped(-123), "-123");
+  EXPECT_EQ(grouped(-1234), "-1,234");
+  locale.thousands = "\xC2\xA0";
+  EXPECT_EQ(grouped(1234567),
+            "1\xC2\xA0"
+            "234\xC2\xA0"
+            "567");
+}
+
+TEST_F(TextTest, PercentagesHaveTwoDecimals) {
+  EXPECT_EQ(percentWithTwoDecimals(0), "0.00%");
+  EXPECT_EQ(percentWithTwoDecimals(1), "100.00%");
+  EXPECT_EQ(percentWithTwoDecimals(0.005f), "0.50%");
+  EXPECT_EQ(percentWithTwoDecimals(2.0f / 3), "66.67%");
+  locale.point = ",";
+  EXPECT_EQ(percentWithTwoDecimals(0.25f), "25,00%");
+}
+
+}  // namespace
+}  // namespace quernstoke

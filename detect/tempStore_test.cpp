@@ -1,0 +1,269 @@
+#include "detect/tempStore.h"
+
+#include <string>
+#include <vector>
+
+#include "catalogue/modUnzip.h"
+#include "core/log.h"
+#include "core/scanState.h"
+#include "platform/platform.h"
+#include "progress/scanStatus.h"
+#include "testing/engineTest.h"
+
+namespace quernstoke {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class TempStoreTest : public EngineTest {
+ protected:
+  TempStoreTest() {
+    openLog();
+    TempFileCounter = 1;
+    TempSpaceBudgetKB = 100;
+    TempUsedKB = 50;
+  }
+
+  void write(FileNumber file, std::string_view text) {
+    disk.write(file, text);
+    disk.close(file);
+  }
+
+  static std::string inTempDir(const std::string& name) { return std::string(temp) + "\\" + name; }
+
+  static constexpr const char* temp = "C:\\Quernstoke\\Temp";
+};
+
+// Names and handles.
+
+TEST_F(TempStoreTest, NewFilesAreNumbered) {
+  std::string first;
+  std::string second;
+  write(basOpenTempFile(first), "one");
+  write(basOpenTempFile(second), "two");
+  EXPECT_EQ(first, inTempDir("TMP1"));
+  EXPECT_EQ(second, inTempDir("TMP2"));
+  EXPECT_EQ(disk.content(second), "two");
+  EXPECT_EQ(TempFileCounter, 3);
+}
+
+TEST_F(TempStoreTest, NamesLeftFromAnEarlierRunAreSkipped) {
+  disk.file(inTempDir("TMP1"), "old");
+  disk.file(inTempDir("TMP2"), "old");
+  std::string name;
+  write(basOpenTempFile(name), "new");
+  EXPECT_EQ(name, inTempDir("TMP3"));
+  EXPECT_EQ(TempFileCounter, 4);
+  EXPECT_EQ(disk.content(inTempDir("TMP1")), "old");
+}
+
+TEST_F(TempStoreTest, ExistingFileIsOpenedAtItsBeginning) {
+  disk.file(inTempDir("TMP7"), "abcdef");
+  std::string name = inTempDir("TMP7");
+  write(basOpenTempFile(name), "XY");
+  EXPECT_EQ(disk.content(name), "XYcdef");
+  EXPECT_EQ(TempFileCounter, 1);
+}
+
+TEST_F(TempStoreTest, GivenNameWithoutAFileIsAProcedureError) {
+  std::string name = inTempDir("TMP7");
+  EXPECT_EQ(basOpenTempFile(name), 0);
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(HasSubstr("Procedure error in 'basOpenTempFile'.  Reason: ")));
+  EXPECT_FALSE(disk.exists(inTempDir("TMP7")));
+}
+
+// Zip entries. This archive is not there, so no extraction from it succeeds.
+
+class TempEntryTest : public TempStoreTest {
+ protected:
+  std::string extract(bool keepName = false, const std::string& folder = "in") {
+    return basExtractZipEntry("C:\\d\\gone.zip", folder, "a.txt", keepName);
+  }
+};
+
+TEST_F(TempEntryTest, FailedExtractionIsLoggedWithWhatTheArchiveSaid) {
+  EXPECT_EQ(extract(), "");
+  EXPECT_THAT(disk.content("C:\\Quernstoke\\quernstoke.log"),
+              HasSubstr(" - Unable to extract file in/a.txt from zip file C:\\d\\gone.zip. "
+                        "Reason: " +
+                        ZipMessages + "\r\n"));
+  EXPECT_EQ(TempUsedKB, 50);
+  EXPECT_EQ(TempFileCounter, 1);
+}
+
+TEST_F(TempEntryTest, EntryOfTheRootIsNamedWithoutAFolder) {
+  extract(false, "");
+  EXPECT_THAT(logLines(),
+              testing::Contains(HasSubstr("Unable to extract file a.txt from zip file ")));
+}
+
+// Only a running comparison has a window to tell it.
+TEST_F(TempEntryTest, ExtractionIsReportedWhileComparing) {
+  extract();
+  EXPECT_THAT(statusWindow.statusTexts, IsEmpty());
+  RunState = runState::comparing;
+  extract();
+  EXPECT_THAT(statusWindow.statusTexts, ElementsAre("Extracting data from Zip file gone.zip"));
+  EXPECT_EQ(eventLoop.yields, 1);
+}
+
+TEST_F(TempEntryTest, NothingIsExtractedBeyondTheBudget) {
+  TempUsedKB = 101;
+  EXPECT_EQ(extract(), "");
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre("Temp directory Full. File not extracted from Zip or compared"));
+  EXPECT_THAT(logLines(), IsEmpty());
+}
+
+TEST_F(TempEntryTest, ExactlyTheBudgetStillExtracts) {
+  TempUsedKB = TempSpaceBudgetKB = 0;
+  extract();
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+  EXPECT_THAT(logLines(), testing::Not(IsEmpty()));
+}
+
+// What counts is whether the file is there, as after an extraction that broke off at its end.
+TEST_F(TempEntryTest, FileThatIsThereIsTakenUnderANewName) {
+  disk.file(inTempDir("a.txt"), std::string(2047, 'x'));
+  disk.file(inTempDir("TMP1"), "old");
+  EXPECT_EQ(extract(), inTempDir("TMP2"));
+  EXPECT_THAT(disk.names(temp), ElementsAre("TMP1", "TMP2"));
+  EXPECT_EQ(TempUsedKB, 51);
+  EXPECT_EQ(TempFileCounter, 3);
+}
+
+TEST_F(TempEntryTest, TwoEntriesOfOneNameGetNamesOfTheirOwn) {
+  for (const char* content : {"one", "two"}) {
+    disk.file(inTempDir("a.txt"), content);
+    extract();
+  }
+  EXPECT_EQ(disk.content(inTempDir("TMP1")), "one");
+  EXPECT_EQ(disk.content(inTempDir("TMP2")), "two");
+  EXPECT_EQ(TempUsedKB, 50);  // Less than a kilobyte each.
+}
+
+TEST_F(TempEntryTest, EntryKeepsItsNameIfAskedTo) {
+  disk.file(inTempDir("a.txt"), std::string(1024, 'x'));
+  EXPECT_EQ(extract(true), inTempDir("a.txt"));
+  EXPECT_TRUE(disk.exists(inTempDir("a.txt")));
+  EXPECT_EQ(TempUsedKB, 51);
+  EXPECT_EQ(TempFileCounter, 2);
+}
+
+TEST_F(TempEntryTest, EntryThatCannotBeRenamedIsAProcedureError) {
+  disk.file(inTempDir("a.txt"), "one");
+  disk.failOn(DiskAction::rename, inTempDir("a.txt"), FailureNumber::permissionDenied);
+  EXPECT_EQ(extract(), "");
+  EXPECT_THAT(
+      dialogBoxes.messages,
+      ElementsAre("Procedure error in 'basExtractZipEntry'.  Reason: Permission denied(70)."));
+  EXPECT_EQ(TempUsedKB, 50);
+}
+
+// Deletion.
+
+TEST_F(TempStoreTest, DeletedFileGivesItsWholeKilobytesBack) {
+  disk.file(inTempDir("TMP1"), std::string(3000, 'x'));
+  basDeleteTempFile(inTempDir("TMP1"));
+  EXPECT_THAT(disk.names(temp), IsEmpty());
+  EXPECT_EQ(TempUsedKB, 48);
+}
+
+TEST_F(TempStoreTest, FileBelowAKilobyteGivesNothingBack) {
+  disk.file(inTempDir("TMP1"), std::string(1023, 'x'));
+  basDeleteTempFile(inTempDir("TMP1"));
+  EXPECT_THAT(disk.names(temp), IsEmpty());
+  EXPECT_EQ(TempUsedKB, 50);
+}
+
+TEST_F(TempStoreTest, ReadOnlyFileIsDeletedToo) {
+  disk.file(inTempDir("TMP1"), "x");
+  disk.setAttributes(inTempDir("TMP1"), attributeReadOnly);
+  basDeleteTempFile(inTempDir("TMP1"));
+  EXPECT_THAT(disk.names(temp), IsEmpty());
+  EXPECT_THAT(logLines(), IsEmpty());
+}
+
+TEST_F(TempStoreTest, DeletionClimbsOutOfTheDirectories) {
+  disk.file(inTempDir("sub\\dir\\file.txt"), "x");
+  basDeleteTempFile(inTempDir("sub\\dir\\file.txt"));
+  EXPECT_TRUE(disk.exists(temp));
+  EXPECT_THAT(disk.names(temp), IsEmpty());
+  EXPECT_EQ(disk.count(DiskAction::clearAttributes, inTempDir("sub\\dir")), 1);
+  EXPECT_EQ(disk.count(DiskAction::removeDirectory, temp), 0);
+  EXPECT_THAT(logLines(), IsEmpty());
+}
+
+TEST_F(TempStoreTest, SlashesDivideAPathToo) {
+  disk.file(inTempDir("sub\\dir\\file.txt"), "x");
+  basDeleteTempFile(inTempDir("sub/dir/file.txt"));
+  EXPECT_THAT(disk.names(temp), IsEmpty());
+}
+
+TEST_F(TempStoreTest, DirectoryWithOtherFilesStaysAndTheClimbGoesOn) {
+  disk.file(inTempDir("sub\\dir\\file.txt"), "x");
+  disk.file(inTempDir("sub\\dir\\other.txt"), "x");
+  basDeleteTempFile(inTempDir("sub\\dir\\file.txt"));
+  EXPECT_THAT(disk.names(inTempDir("sub\\dir")), ElementsAre("other.txt"));
+  EXPECT_THAT(logLines(), ElementsAre("Error deleting directory " + inTempDir("sub\\dir"),
+                                      "Error deleting directory " + inTempDir("sub")));
+}
+
+TEST_F(TempStoreTest, MissingFileStillHasItsDirectoriesRemoved) {
+  disk.directory(inTempDir("sub"));
+  basDeleteTempFile(inTempDir("sub\\gone.txt"));
+  EXPECT_THAT(disk.names(temp), IsEmpty());
+  EXPECT_THAT(logLines(), IsEmpty());
+}
+
+// The budget counts what was meant to go.
+TEST_F(TempStoreTest, FileThatCannotBeDeletedGivesItsKilobytesBackAllTheSame) {
+  disk.file(inTempDir("TMP1"), std::string(2048, 'x'));
+  disk.failOn(DiskAction::remove, inTempDir("TMP1"), FailureNumber::permissionDenied);
+  basDeleteTempFile(inTempDir("TMP1"));
+  EXPECT_TRUE(disk.exists(inTempDir("TMP1")));
+  EXPECT_EQ(TempUsedKB, 48);
+  EXPECT_THAT(logLines(), ElementsAre("Unable to delete temp file " + inTempDir("TMP1") +
+                                      ". Reason=Permission denied"));
+}
+
+TEST_F(TempStoreTest, OtherLetterCaseIsOutsideTheTempDirectory) {
+  disk.file(inTempDir("TMP1"), "x");
+  basDeleteTempFile("c:\\quernstoke\\temp\\TMP1");
+  EXPECT_TRUE(disk.exists(inTempDir("TMP1")));
+  EXPECT_THAT(logLines(), IsEmpty());
+}
+
+TEST_F(TempStoreTest, NothingOutsideTheTempDirectoryIsDeleted) {
+  disk.file("C:\\d\\a", "x");
+  disk.file("C:\\Quernstoke\\Temperature\\a", "x");
+  disk.file("C:\\Quernstoke\\a", "x");
+  const auto before = disk.allFiles();
+  for (const std::string path : {"", "C:\\d\\a", "C:\\Quernstoke\\Temp", "C:\\Quernstoke\\Temp\\",
+                                 "C:\\Quernstoke\\Temperature\\a", "C:\\Quernstoke\\Temp\\..\\a",
+                                 "C:\\Quernstoke\\Temp\\sub/../../a"})
+    basDeleteTempFile(path);
+  EXPECT_EQ(disk.allFiles(), before);
+  EXPECT_TRUE(disk.exists(temp));
+  EXPECT_THAT(logLines(), IsEmpty());
+}
+
+TEST_F(TempStoreTest, PathThatLeadsOutOfTheTempDirectoryAgainIsLeftAlone) {
+  disk.calls.clear();
+  basDeleteTempFile(inTempDir("..\\a"));
+  basDeleteTempFile(inTempDir("sub/../../a"));
+  EXPECT_THAT(disk.calls, IsEmpty());
+}
+
+TEST_F(TempStoreTest, DotsWithinANameDoNotLeadUpward) {
+  disk.file(inTempDir("a..\\..b"), "x");
+  basDeleteTempFile(inTempDir("a..\\..b"));
+  EXPECT_THAT(disk.names(temp), IsEmpty());
+}
+
+}  // namespace
+}  // namespace quernstoke

@@ -1,0 +1,32 @@
+#include "settings/settings.h"
+
+#include "testing/engineTest.h"
+
+namespace quernstoke {
+namespace {
+
+using SettingsTest = EngineTest;
+
+TEST_F(SettingsTest, TablesHaveTheirSlotsFromTheStart) {
+  EXPECT_EQ(128, ProfileDirList.upperBound());
+  EXPECT_EQ(50, FileTypeTable.FileTypeDescription.upperBound());
+  EXPECT_EQ(50, FileTypeTable.FileTypesList.upperBound());
+  EXPECT_EQ(32, ProfileList.ProfileNameList.upperBound());
+  EXPECT_EQ(32, ProfileList.ProfileDateList.upperBound());
+}
+
+TEST_F(SettingsTest, AllocatingEmptiesEverySlot) {
+  ProfileDirList[128] = {"C:\\a", "I", "1", true};
+  FileTypeTable.FileTypeDescription[50] = "Music";
+  FileTypeTable.FileTypesList[50] = "*.mp3";
+  allocateProfileDirList();
+  allocateFileTypeTable();
+
+  const DirSpec& slot = ProfileDirList[128];
+  EXPECT_EQ("", slot.Dir + slot.IncludeExclude + slot.IncludeExtensions);
+  EXPECT_FALSE(slot.RecurseSubDirs);
+  EXPECT_EQ("", FileTypeTable.FileTypeDescription[50] + FileTypeTable.FileTypesList[50]);
+}
+
+}  // namespace
+}  // namespace quernstoke
