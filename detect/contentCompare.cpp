@@ -82,6 +82,7 @@ void readLocalCopy(ComparedFile& side, Int32 block, bool& readFailed) {
     basLogMsg("Error reading from file " + name);
     readFailed = true;
   }
+  side.isPastLocalCopy = side.data.empty();
   ++LocalReads;
 }
 
@@ -168,6 +169,13 @@ void showComparison(Int32 primary, Int32 block, std::int64_t position, Int32 siz
   }
 }
 
+// A local copy that does not begin with the file's first block ends too early when it is read by
+// block number. What it lacks equals nothing, or two such copies would make a match of two files
+// that differ.
+bool areEqual(const ComparedFile& first, const ComparedFile& second) {
+  return !first.isPastLocalCopy && !second.isPastLocalCopy && first.data == second.data;
+}
+
 // Reads a block of one side. A file that can't be read is marked.
 bool readSide(ComparedFile& side, Int32 request, Int32 groupFirst, Int32 groupCount) {
   bool readFailed = false;
@@ -211,7 +219,7 @@ Int16 basCompareFileContent(Int32 primary, Int32 secondary, Int32 groupFirst, In
           tailDone = true;
         }
         allEqual = readSide(first, request, groupFirst, groupCount) &&
-                   readSide(second, request, groupFirst, groupCount) && first.data == second.data;
+                   readSide(second, request, groupFirst, groupCount) && areEqual(first, second);
         if (!allEqual) break;
         // The block just compared does not count yet.
         if (wholePercent(position, size.raw()) > ContentPercentLimit.raw())

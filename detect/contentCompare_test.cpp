@@ -550,6 +550,18 @@ TEST_F(ContentFromCopyTest, CopyThatDoesNotBeginWithBlockZeroIsReadAtTheWrongPla
   EXPECT_THAT(positionsRead(copyB), ElementsAre(4));
 }
 
+// Nothing would equal nothing, and two files that differ would be called duplicates.
+TEST_F(ContentFromCopyTest, TwoCopiesThatEndTooEarlyMakeNoMatch) {
+  makeGroup({blocks("ab"), blocks("ac"), blocks("zz")});
+  keepInPool(primary, blocks("a"));
+  keepInPool(secondary, blocks("a"));
+  giveLocalCopy(primary, blocks("b"), 1, 1);
+  giveLocalCopy(secondary, blocks("c"), 1, 1);
+
+  EXPECT_EQ(compare(), 0);
+  EXPECT_THAT(readCounters(), ElementsAre(0, 2, 2));
+}
+
 TEST_F(ContentFromCopyTest, HighestBlockRisesAndTheLowestStays) {
   makeGroupOfCopies("abcd");
   giveLocalCopy(primary, "", 2, 2);

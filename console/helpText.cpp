@@ -1,0 +1,54 @@
+#include "console/helpText.h"
+
+namespace quernstoke {
+
+std::string helpText() {
+  return R"(usage: quernstoke-scan [options] DIRECTORY...
+       quernstoke-scan [options] --profile NAME [--continue]
+
+Finds duplicate files below the directories, or runs the scan of a stored profile. The sets of
+equal files go to standard output, one path a line, a blank line between two sets.
+
+What to look at (with DIRECTORY only):
+  --match LETTERS   compare N names, C content, S sizes, in any combination (default C)
+  --percent N       how much of the content has to be equal, 50 to 100 (default 100)
+  --min-size SIZE   smallest file, a whole number with B, KB, MB or GB (default 1B)
+  --max-size SIZE   largest file (default 2GB)
+  --types LIST      file types, such as "jpg;png" or "*.jpg;*.png" (default all)
+  --exclude DIR     leave out this directory and all below it, letter case apart; repeatable
+  --zip             look inside zip archives
+  --hidden          also look at names that begin with a dot
+  --system          also look at system files
+
+Profiles:
+  --profile NAME    run the profile anew; its log, settings and results are kept as the program
+                    with windows keeps them
+  --continue        take the profile's paused scan up where it was paused
+
+Both:
+  --home DIR        where the program's files lie (default: what QUERNSTOKE_HOME names, or the
+                    directory of the program). A scan of directories makes a home of its own below
+                    DIR, or else in TMPDIR or /tmp, and removes it afterwards
+  --format text     how to write the sets; csv and html are not there yet
+  --output FILE     write the sets to FILE
+  --quiet           neither progress nor summary
+  --version, --help
+
+Ctrl-C, SIGTERM and SIGHUP abort a scan of directories. They pause the scan of a profile at the next
+place from which --continue can take it up; a second one aborts it.
+
+Files of 2 GiB and more, links and special files are passed over and counted. When exactly two of
+the files looked at have the smallest size (with --match N: the first name), these two are not
+compared.
+
+Exit status: 0 the scan ran to its end, 1 something failed and what was found or written is
+incomplete, 2 wrong arguments, 3 a directory or profile isn't there, 4 the scan was paused or
+aborted.
+)";
+}
+
+std::string versionText() {
+  return "quernstoke-scan " QUERNSTOKE_VERSION "\n";
+}
+
+}  // namespace quernstoke

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace quernstoke {
+
+std::string helpText();
+std::string versionText();
+
+}  // namespace quernstoke

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "console/options.h"
+
+namespace quernstoke {
+
+// Take the text behind an option into what a scan needs. Each throws a ScanError for a text that
+// means nothing.
+
+std::string matchLetters(std::string_view text);
+std::int16_t matchPercent(std::string_view text);
+SizeLimit sizeLimit(std::string_view text);
+std::int64_t bytesOf(const SizeLimit& limit);
+// Always with "*." before each extension: the engine takes a bare number for a row of its table.
+std::string typeList(std::string_view text);
+void requireTextFormat(std::string_view text);
+
+}  // namespace quernstoke

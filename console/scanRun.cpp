@@ -1,0 +1,165 @@
+#include "console/scanRun.h"
+
+#include "catalogue/fileTable.h"
+#include "console/consolePlatform.h"
+#include "console/exitStatus.h"
+#include "console/homeDirectory.h"
+#include "console/options.h"
+#include "console/output.h"
+#include "console/scanPlan.h"
+#include "console/signals.h"
+#include "console/standardError.h"
+#include "console/summary.h"
+#include "console/textReport.h"
+#include "core/modMain.h"
+#include "core/scanDriver.h"
+#include "core/scanState.h"
+#include "mainui/profileSelection.h"
+#include "settings/profileStore.h"
+#include "settings/settings.h"
+
+namespace quernstoke {
+
+namespace {
+
+bool showsProgress(const Options& options, const StandardError& err) {
+  return err.isTerminal() && !options.quiet;
+}
+
+void startProgram(const std::string& home, const ConsolePlatform& platform) {
+  AppPath = platform.files.drives().programPath(home);
+  if (AppPath.ends_with('\\')) AppPath.pop_back();
+  ExeName = "quernstoke-scan";
+  Main();
+  if (!platform.mainWindow.isLoaded())
+    throw ScanError(ExitStatus::failed, "the program can't use '" + home + "' as its home");
+}
+
+void takeLimits(const DirectoryScan& scan) {
+  ProfileSettings.MinimumSize = scan.minimum.number;
+  ProfileSettings.MinimumSizeMeasure = scan.minimum.measure;
+  ProfileSettings.MaximumSize = scan.maximum.number;
+  ProfileSettings.MaximumSizeMeasure = scan.maximum.measure;
+}
+
+void takeDirectories(const ScanPlan& plan, const std::string& types, const DriveTable& drives) {
+  Int16 slot = 0;
+  for (const std::string& directory : plan.includes)
+    ProfileDirList[++slot] = {drives.programPath(directory), "I", types, true};
+  // With its subdirectories an exclude is a mere prefix that other directories may share. Without
+  // them it does as much, since what isn't entered leads nowhere.
+  for (const std::string& directory : plan.excludes)
+    ProfileDirList[++slot] = {drives.programPath(directory), "E", types, false};
+}
+
+void describeScan(const DirectoryScan& scan, const ScanPlan& plan, const DriveTable& drives) {
+  ProfileName = "scan";
+  basSaveProfile(std::string_view("NEWPROFILE"));
+  ProfileSettings.MatchingCriteria = scan.match;
+  ProfileSettings.ContentMatchingPercent = scan.percent;
+  ProfileSettings.ProcessZip = scan.zip;
+  ProfileSettings.ScanHiddenFiles = scan.hidden;
+  ProfileSettings.ScanSystemFiles = scan.system;
+  takeLimits(scan);
+  takeDirectories(plan, scan.types, drives);
+  // The walk never enters the temp directory. So the home is not scanned when it lies in a
+  // directory that is.
+  GlobalSettings.TempPath = TempDir = AppPath;
+}
+
+void selectProfile(const Options& options) {
+  ProfileName = options.profile;
+  bool ok = false;
+  basProcessProfileSelection(ok);
+  if (!ok)
+    throw ScanError(ExitStatus::notThere, "profile '" + options.profile + "' can't be loaded");
+  StartMode = options.continues ? startMode::continueScan : startMode::newScan;
+  const Int16 mode = ProfileSettings.RunMode;
+  if (options.continues && (mode < runState::comparing || mode > runState::pauseRequested))
+    throw ScanError(ExitStatus::wrongArguments,
+                    "profile '" + options.profile + "' is not paused, so it can't be continued");
+}
+
+void remarkOnArchives(StandardError& err) {
+  if (ProfileSettings.ProcessZip)
+    err.line("quernstoke-scan: zip archives can't be read yet; they are passed over");
+}
+
+Summary::Outcome outcomeOf(const ConsoleDialogs& dialogs) {
+  if (RunState == runState::paused) return Summary::Outcome::paused;
+  if (RunState == runState::aborted) return Summary::Outcome::aborted;
+  // A scan that failed on its way has left the state as it was then.
+  if (RunState != runState::finished || dialogs.sawFailure()) return Summary::Outcome::failed;
+  return Summary::Outcome::finished;
+}
+
+std::int64_t writeReport(const Options& options, const DriveTable& drives) {
+  Output output(options.output);
+  const ReportCounts counts = writeTextReport(drives, output);
+  output.finish();
+  return counts.files - counts.sets;
+}
+
+ExitStatus statusOf(Summary::Outcome outcome) {
+  if (outcome == Summary::Outcome::finished) return ExitStatus::finished;
+  return outcome == Summary::Outcome::failed ? ExitStatus::failed : ExitStatus::stopped;
+}
+
+// A scan that was stopped has no report, and leaves that of an earlier one as it is.
+ExitStatus report(const Options& options, const ConsolePlatform& platform, std::int64_t files,
+                  StandardError& err) {
+  err.clearProgress();
+  Summary summary;
+  summary.files = files;
+  summary.seconds = platform.tally.seconds();
+  summary.passedOver = platform.tally.passedOver();
+  summary.duplicates = RunState == runState::finished
+                           ? writeReport(options, platform.files.drives())
+                           : DuplicateCount.raw();
+  summary.outcome = outcomeOf(platform.dialogs);
+  if (!options.quiet || summary.outcome == Summary::Outcome::failed) err.line(summaryLine(summary));
+  return statusOf(summary.outcome);
+}
+
+}  // namespace
+
+ExitStatus scanDirectories(const Options& options, StandardError& err) {
+  const ScanPlan plan = planScan(options.scan);
+  if (options.output) requireWritable(*options.output);
+  if (!options.quiet)
+    for (const std::string& remark : plan.remarks)
+      err.line("quernstoke-scan: " + remark);
+
+  const DriveTable drives;  // C: alone, so that each directory has one path.
+  ConsolePlatform platform(drives, OnStop::abort, showsProgress(options, err), err);
+  {
+    const StopSignals signals;
+    const ScratchHome home(options.home);
+    startProgram(home.path(), platform);
+    describeScan(options.scan, plan, drives);
+    remarkOnArchives(err);
+    StartMode = startMode::newScan;
+    basStartScan();
+  }
+  return report(options, platform, platform.tally.filesMet(), err);
+}
+
+ExitStatus scanProfile(const Options& options, StandardError& err) {
+  const std::string home = programHome(options.home);
+  if (options.output) requireWritable(*options.output);
+  ConsolePlatform platform(DriveTable::fromEnvironment(), OnStop::pause,
+                           showsProgress(options, err), err);
+  std::int64_t filesTakenUp = 0;
+  {
+    const StopSignals signals;
+    startProgram(home, platform);
+    selectProfile(options);
+    remarkOnArchives(err);
+    filesTakenUp = FileCount.raw();
+    basStartScan();
+  }
+  const std::int64_t files = options.continues ? filesTakenUp : platform.tally.filesMet();
+  return report(options, platform, files, err);
+}
+
+}  // namespace quernstoke
