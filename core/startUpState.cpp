@@ -8,6 +8,7 @@
 #include "core/modMain.h"
 #include "core/scanState.h"
 #include "core/system.h"
+#include "detect/beginnings.h"
 #include "detect/modLinkedList.h"
 #include "detect/refinement.h"
 #include "detect/tempStore.h"
@@ -52,6 +53,7 @@ void resetCatalogue() {
 
 void resetDetection() {
   releaseBlockPool();
+  Beginnings.redim(1, 0);
   BuffersPerFile = 0;
   LocalCopyActive = false;
   TempSpaceBudgetKB = TempUsedKB = TempFileCounter = 0;

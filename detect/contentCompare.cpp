@@ -7,6 +7,7 @@
 #include "core/rounding.h"
 #include "core/scanState.h"
 #include "core/text.h"
+#include "detect/beginnings.h"
 #include "detect/modLinkedList.h"
 #include "detect/tempStore.h"
 #include "platform/platform.h"
@@ -101,7 +102,19 @@ void openActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
     openAt(side.actualHandle, actualPath(side.file), OpenMode::sharedBinary, block, readFailed);
 }
 
+// Remembers a first block for the other pairs of the group. A file with a local copy has that.
+void rememberBeginning(const ComparedFile& side) {
+  if (!LocalCopyActive && FileTable.FileLocalName[side.file].empty())
+    Beginnings.remember(side.file, side.data);
+}
+
 ReadSource readActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
+  // The file is opened only when a block must really come from it.
+  if (block == 0 && !readFailed && Beginnings.knows(side.file)) {
+    side.data = Beginnings[side.file];
+    ++ActualReads;
+    return ReadSource::actualFile;
+  }
   if (side.actualHandle == 0) openActualFile(side, block, readFailed);
   if (side.actualHandle > 0) {
     if (block < 0) seekTail(side.actualHandle);
@@ -110,6 +123,8 @@ ReadSource readActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
       readFailed = true;
     } else if (block < 0) {
       files().seek(side.actualHandle, positionOf(block));
+    } else if (block == 0) {
+      rememberBeginning(side);
     }
     ++ActualReads;
   }
@@ -242,7 +257,7 @@ void basCompareFileContentReadBlock(ComparedFile& side, Int32 block, bool& readF
     if (!FileTable.FileLocalName[file].empty())
       probeLocalCopy(std::string(FileTable.FileLocalName[file]));
     // Once a comparison has gone to the file itself, it stays there.
-    if (side.actualHandle > 0) source = ReadSource::actualFile;
+    if (side.isAtActualFile) source = ReadSource::actualFile;
     if (source == ReadSource::none && groupCount >= smallestPooledGroup &&
         basLLReadData(file, positionInGroup, absolute(block), side.data) != -1) {
       ++BufferReads;
@@ -254,6 +269,7 @@ void basCompareFileContentReadBlock(ComparedFile& side, Int32 block, bool& readF
       readLocalCopy(side, block, readFailed);
     else if (source != ReadSource::pool)
       source = readActualFile(side, block, readFailed);
+    side.isAtActualFile = source == ReadSource::actualFile;
     if (groupCount >= smallestPooledGroup && !readFailed && block >= 0)
       keepBlock(side, block, source, positionInGroup);
   });

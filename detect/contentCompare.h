@@ -23,6 +23,7 @@ class ComparedFile {
   std::string_view data;  // The block last read: a view of the buffer or of the block pool.
   FileNumber actualHandle = 0;
   FileNumber localHandle = 0;
+  bool isAtActualFile = false;   // Its blocks come from the file itself from now on.
   bool isPastLocalCopy = false;  // The block last read lies beyond what the local copy holds.
   std::vector<char>* buffer;
 };

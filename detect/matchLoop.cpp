@@ -8,6 +8,7 @@
 #include "core/rounding.h"
 #include "core/scanState.h"
 #include "core/text.h"
+#include "detect/beginnings.h"
 #include "detect/contentCompare.h"
 #include "detect/modLinkedList.h"
 #include "detect/tempStore.h"
@@ -27,6 +28,17 @@ constexpr const char* searching = "Searching for duplicates...";
 // How far the restart points of a continued pass are used up.
 enum class Resume { none, primary, secondary, done };
 
+bool isOfPair(const DirSpec& spec) {
+  return spec.IncludeExclude == "1" || spec.IncludeExclude == "2";
+}
+
+// Whether any pair has to be asked for. A list without a free slot is one that asking fails for.
+bool profileExcludesPairs() {
+  for (Int16 slot = 1; slot <= lastDirSlot && !ProfileDirList[slot].Dir.empty(); ++slot)
+    if (isOfPair(ProfileDirList[slot]) || slot == lastDirSlot) return true;
+  return false;
+}
+
 // One run of basCompareFiles.
 class MatchPass {
  public:
@@ -39,6 +51,7 @@ class MatchPass {
   void compareGroup();
   void comparePrimary();
   void compareWithSecondaries();
+  bool canPassOver() const;
   bool isCandidate();
   void numberSecondary(bool& numbered);
   void showPosition();
@@ -47,6 +60,7 @@ class MatchPass {
   const bool isName_;
   const bool isSize_;
   Resume resume_ = Resume::none;
+  bool excludesPairs_ = false;
   Int32 interval_ = 1;  // Primaries between two updates of the status, less one.
   Int32 counter_;
   Int32 group_ = 1;
@@ -69,6 +83,7 @@ void MatchPass::run() {
 
 void MatchPass::beginPass() {
   basUpdateStatusFields(searching, -1, 0);
+  excludesPairs_ = profileExcludesPairs();
   if (StartMode == startMode::continueScan) {
     resume_ = Resume::primary;
     group_ = ProfileSettings.RestartPointMatchGroup;
@@ -81,6 +96,7 @@ void MatchPass::compareGroup() {
   groupLast_ = groupFirst_ + groupCount_ - 1;
   if (groupCount_ > 2)
     BuffersPerFile = basLLInitializeBuffer(groupFirst_, groupLast_, BlockPoolCount, groupCount_);
+  Beginnings.redim(groupFirst_, groupCount_ > 2 ? groupCount_ : Int32(0));
   primary_ = groupFirst_;
   if (resume_ == Resume::primary) {
     primary_ = ProfileSettings.RestartPointPrimaryFile;
@@ -133,6 +149,8 @@ void MatchPass::compareWithSecondaries() {
   bool numbered = false;
   bool primaryFailed = false;
   for (; secondary_ <= groupLast_ && !primaryFailed; ++secondary_) {
+    if (canPassOver()) secondary_ = Beginnings.passOverDifferent(primary_, secondary_, groupLast_);
+    if (secondary_ > groupLast_) return;
     const bool skip =
         FileTable.FileStatus[statusMatch][secondary_] != noMatch || secondary_ == primary_;
     if (basCompareFilesCheckExclusion(primary_, secondary_) || skip) continue;
@@ -140,6 +158,14 @@ void MatchPass::compareWithSecondaries() {
     primaryFailed = FileTable.FileStatus[statusState][primary_] == fileState::unreadable;
     if (matches) numberSecondary(numbered);
   }
+}
+
+// Whether a pair whose first blocks differ would have no effect but on the read counters.
+bool MatchPass::canPassOver() const {
+  return MatchByContent && !excludesPairs_ && groupCount_ > 2 && ContentPercentLimit > 0 &&
+         secondary_ >= groupFirst_ && Beginnings.knows(primary_) &&
+         FileTable.FileSize[primary_] > 0 &&
+         FileTable.FileStatus[statusState][primary_] != fileState::unreadable;
 }
 
 bool MatchPass::isCandidate() {
@@ -180,10 +206,6 @@ void MatchPass::endPass() {
   ProfileSettings.MatchNum = CurrentMatchNum;
   basSaveProfile(std::string_view("PROFILE"));
   showPosition();
-}
-
-bool isOfPair(const DirSpec& spec) {
-  return spec.IncludeExclude == "1" || spec.IncludeExclude == "2";
 }
 
 bool applies(const DirSpec& spec, const std::string& directory) {

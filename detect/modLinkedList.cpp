@@ -81,6 +81,10 @@ Int32 basLLInitializeBuffer(Int32 first, Int32 last, Int32 poolCount, Int32 file
   });
 }
 
+bool poolHasFreeSlot() {
+  return freeHead() != endOfChain;
+}
+
 Int32 basLLReadData(Int32 file, Int32 /*position*/, Int32 block, std::string_view& data) {
   return procedure("basLLReadData", [&]() -> Int32 {
     Int32 slot = chainHead(file);

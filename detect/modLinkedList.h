@@ -47,6 +47,8 @@ void releaseBlockPool();
 // Empties the pool for a new group. Returns the slots for each file.
 Int32 basLLInitializeBuffer(Int32 first, Int32 last, Int32 poolCount, Int32 fileCount);
 
+bool poolHasFreeSlot();
+
 // Finds a block of a file. Returns its slot, or -1. The block is a view of the pool.
 Int32 basLLReadData(Int32 file, Int32 position, Int32 block, std::string_view& data);
 

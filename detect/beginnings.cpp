@@ -1,0 +1,125 @@
+#include "detect/beginnings.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+#include "catalogue/fileTable.h"
+#include "core/scanState.h"
+#include "detect/modLinkedList.h"
+
+namespace quernstoke {
+
+BeginningsTable Beginnings;
+
+namespace {
+
+constexpr std::size_t mostBytes = std::size_t{64} * 1024 * 1024;
+
+std::uint32_t sampleOf(std::string_view block) {
+  std::uint32_t sample = 0;
+  const std::size_t length = std::min(block.size(), sizeof sample);
+  std::memcpy(&sample, block.data() + (block.size() - length) / 2, length);
+  return sample;
+}
+
+// What a comparison of the primary with each of several files would do.
+struct Prospect {
+  std::uint32_t inEarnest = 0;  // Files that have to be compared.
+  std::uint32_t fromPool = 0;   // Files without a number whose block lies in the pool.
+  std::uint32_t fromFile = 0;   // The other files without a number.
+};
+
+// The columns of the files in question, beginning with the one at hand. They are looked at without
+// a branch among them, so that the compiler takes several files with one instruction.
+struct Columns {
+  const Int32* matches;
+  const Int32* chains;
+  const std::uint32_t* known;
+  const std::uint32_t* samples;
+
+  Prospect prospect(std::size_t count, std::uint32_t sample, std::uint32_t poolHasRoom) const {
+    Prospect sum;
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::uint32_t open = matches[i].raw() == noMatch ? 1 : 0;
+      const std::uint32_t pooled = chains[i].raw() > 0 ? 1 : 0;
+      const std::uint32_t likely = samples[i] == sample ? 1 : 0;
+      const std::uint32_t stored = (pooled ^ 1U) & poolHasRoom;
+      sum.inEarnest += open & ((known[i] ^ 1U) | likely | stored);
+      sum.fromPool += open & pooled;
+      sum.fromFile += open & (pooled ^ 1U);
+    }
+    return sum;
+  }
+};
+
+bool isPooled(Int32 file) {
+  return FileTable.FileStatus[statusChain][file] > 0;
+}
+
+// Both sides of each pair are read, from the pool or from the file.
+void countReads(Int32 primary, const Prospect& pairs) {
+  const std::uint32_t files = pairs.fromPool + pairs.fromFile;
+  BufferReads += pairs.fromPool + (isPooled(primary) ? files : 0);
+  ActualReads += pairs.fromFile + (isPooled(primary) ? 0 : files);
+}
+
+// Leaves room in the counters for two reads of each file of a stretch.
+bool countersHaveRoom(std::int32_t files) {
+  const std::int64_t most = std::numeric_limits<std::int32_t>::max() - 2 * std::int64_t{files};
+  return BufferReads.raw() < most && ActualReads.raw() < most;
+}
+
+}  // namespace
+
+void BeginningsTable::redim(Int32 first, Int32 count) {
+  first_ = first;
+  blocks_.redim(count, false);
+  known_.redim(count, false);
+  samples_.redim(count, false);
+  size_ = 0;
+}
+
+void BeginningsTable::remember(Int32 file, std::string_view block) {
+  if (row(file) < 1 || row(file) > known_.upperBound() || size_ + block.size() > mostBytes) return;
+  blocks_.set(row(file), block);
+  known_[row(file)] = 1;
+  samples_[row(file)] = sampleOf(block);
+  size_ += block.size();
+}
+
+bool BeginningsTable::knows(Int32 file) const {
+  return row(file) >= 1 && row(file) <= known_.upperBound() && known_[row(file)] == 1;
+}
+
+std::string_view BeginningsTable::operator[](Int32 file) const {
+  return blocks_[row(file)];
+}
+
+Int32 BeginningsTable::passOverDifferent(Int32 primary, Int32 secondary, Int32 last) const {
+  constexpr std::int32_t stretch = 64;
+  const std::uint32_t sample = samples_[row(primary)];
+  const std::uint32_t poolHasRoom = poolHasFreeSlot() ? 1 : 0;
+  // A block of the primary that the pool takes now changes the pool.
+  if (poolHasRoom != 0 && !isPooled(primary)) return secondary;
+
+  std::int32_t length = stretch;
+  for (std::int32_t file = secondary.raw(); file <= last.raw();) {
+    length = std::min(length, last.raw() - file + 1);
+    const Columns columns{&FileTable.FileStatus[statusMatch][file],
+                          &FileTable.FileStatus[statusChain][file], &known_[row(file)],
+                          &samples_[row(file)]};
+    const Prospect pairs = columns.prospect(static_cast<std::size_t>(length), sample, poolHasRoom);
+    if (pairs.inEarnest == 0 && countersHaveRoom(length)) {
+      countReads(primary, pairs);
+      file += length;
+    } else if (length == 1) {
+      return file;
+    } else {
+      length = 1;  // The file in question lies in this stretch.
+    }
+  }
+  return last + 1;
+}
+
+}  // namespace quernstoke

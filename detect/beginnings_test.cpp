@@ -1,0 +1,174 @@
+#include "detect/beginnings.h"
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "catalogue/fileTable.h"
+#include "core/log.h"
+#include "core/scanState.h"
+#include "detect/matchLoop.h"
+#include "detect/modLinkedList.h"
+#include "detect/tempStore.h"
+#include "results/matchGroupIndex.h"
+#include "testing/engineTest.h"
+
+namespace quernstoke {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+
+constexpr int blockLength = 8;
+
+class BeginningsTest : public EngineTest {
+ protected:
+  BeginningsTest() {
+    openLog();
+    MatchByContent = MatchBySize = true;
+    ContentPercentLimit = 100;
+    CurrentMatchNum = -1;
+    StartMode = startMode::newScan;
+    allocateBlockPool(blockLength, 4);
+  }
+
+  // Compares these files as one group.
+  void compareGroup(const std::vector<std::string>& contents) {
+    std::vector<CatalogueFile> rows;
+    for (const std::string& content : contents) {
+      const std::string name = "f" + std::to_string(rows.size() + 1);
+      disk.file("C:\\d\\" + name, content);
+      rows.push_back({name, "C:\\d", static_cast<int>(content.size())});
+    }
+    buildCatalogue(rows);
+    MatchGroupTable.redim(1, false);
+    MatchGroupTable[1] = {1, FileCount};
+    MatchGroupCount = 1;
+    basCompareFiles("SIZE");
+  }
+
+  std::vector<int> timesOpened() const {
+    std::vector<int> times;
+    for (Int32 file = 1; file <= FileCount; ++file)
+      times.push_back(
+          disk.count(DiskAction::open, "C:\\d\\" + std::string(FileTable.FileName[file])));
+    return times;
+  }
+};
+
+std::string block(int number) {
+  return "head" + std::to_string(1000 + number);
+}
+
+std::vector<std::string> differentBlocks(int count) {
+  std::vector<std::string> contents;
+  for (int i = 0; i < count; ++i)
+    contents.push_back(block(i));
+  return contents;
+}
+
+// The reads of a group of files that all differ in their one block, were each pair read anew:
+// from the pool and from the files.
+std::vector<int> readsPairByPair(int files, int slots) {
+  int fromPool = 0;
+  int fromFiles = 0;
+  std::set<int> pooled;
+  const auto read = [&](int file, int left) {
+    if (left >= 3 && pooled.contains(file)) {
+      ++fromPool;
+      return;
+    }
+    ++fromFiles;
+    if (left >= 3 && static_cast<int>(pooled.size()) < slots) pooled.insert(file);
+  };
+  for (int primary = 1; primary <= files; ++primary) {
+    const int left = files - primary + 1;
+    for (int secondary = primary + 1; secondary <= files; ++secondary) {
+      read(primary, left);
+      read(secondary, left);
+    }
+    if (left > 2) pooled.erase(primary);
+  }
+  return {fromPool, fromFiles};
+}
+
+class BeginningsReadCountTest : public BeginningsTest,
+                                public testing::WithParamInterface<std::tuple<int, int>> {};
+
+// The counters tell what the scan would have read pair by pair, and they are saved nowhere else.
+TEST_P(BeginningsReadCountTest, CountersAreThoseOfReadingEachPair) {
+  const auto [files, slots] = GetParam();
+  allocateBlockPool(blockLength, slots);
+  compareGroup(differentBlocks(files));
+
+  EXPECT_THAT((std::vector<int>{BufferReads.raw(), ActualReads.raw()}),
+              testing::ElementsAreArray(readsPairByPair(files, slots)));
+  EXPECT_THAT(matchNumbers(), Each(noMatch));
+}
+
+INSTANTIATE_TEST_SUITE_P(AnyPoolAndGroup, BeginningsReadCountTest,
+                         testing::Combine(testing::Values(3, 4, 10, 65, 200),
+                                          testing::Values(1, 2, 3, 9, 64, 500)));
+
+TEST_F(BeginningsTest, EachFileOfAGroupIsOpenedOnceForItsFirstBlock) {
+  compareGroup(differentBlocks(100));
+
+  EXPECT_THAT(timesOpened(), Each(1));
+}
+
+TEST_F(BeginningsTest, FilesEqualAtTheirBeginningAreReadOnFromTheSecondBlock) {
+  const std::string same = block(0);
+  compareGroup({same + block(1), same + block(2), same + block(1), same + block(3)});
+
+  EXPECT_THAT(matchNumbers(), ElementsAre(0, noMatch, 0, noMatch));
+}
+
+// Blocks whose sampled bytes agree are compared whole.
+TEST_F(BeginningsTest, BlocksThatDifferOutsideTheSampleDiffer) {
+  compareGroup({"a0same0z", "b0same0z", "a0same0y", "a0same0z", "c0same0z"});
+
+  EXPECT_THAT(matchNumbers(), ElementsAre(0, noMatch, noMatch, 0, noMatch));
+  EXPECT_THAT(timesOpened(), Each(1));
+}
+
+TEST_F(BeginningsTest, AFileThatCannotBeReadIsTriedByEachPrimary) {
+  disk.before = [](const DiskCall& call) {
+    if (call.action == DiskAction::open && call.path == "C:\\d\\f4")
+      fail(FailureNumber::permissionDenied);
+  };
+  compareGroup(differentBlocks(6));
+
+  // By the first three as their secondary and once, in vain, as primary.
+  EXPECT_THAT(timesOpened(), ElementsAre(1, 1, 1, 4, 1, 1));
+  EXPECT_EQ(FileTable.FileStatus[statusState][4], fileState::unreadable);
+}
+
+TEST_F(BeginningsTest, NothingIsRememberedFromOneGroupToTheNext) {
+  compareGroup(differentBlocks(5));
+  disk.calls.clear();
+  compareGroup(differentBlocks(5));
+
+  EXPECT_THAT(timesOpened(), Each(1));
+}
+
+TEST_F(BeginningsTest, FilesWithLocalCopiesAreReadFromThese) {
+  LocalCopyActive = true;
+  TempSpaceBudgetKB = 100;
+  allocateBlockPool(blockLength, 1);
+  compareGroup(differentBlocks(5));
+
+  EXPECT_GT(LocalReads, 0);
+}
+
+TEST_F(BeginningsTest, BeyondItsMemoryNothingIsRemembered) {
+  const std::string large(16 * 1024 * 1024, 'x');
+  Beginnings.redim(1, 6);
+  for (int file = 1; file <= 6; ++file)
+    Beginnings.remember(file, large);
+
+  EXPECT_TRUE(Beginnings.knows(4));
+  EXPECT_FALSE(Beginnings.knows(5));
+}
+
+}  // namespace
+}  // namespace quernstoke
