@@ -126,6 +126,13 @@ std::string typeList(std::string_view text) {
   return list;
 }
 
+std::string profileName(std::string_view text) {
+  // Else the name would be a path, and saving the profile would write over somebody's file.
+  if (text.find_first_of("/\\:*?\"<>|") != std::string_view::npos)
+    refuse("no profile can be called " + quoted(text));
+  return std::string(text);
+}
+
 void requireTextFormat(std::string_view text) {
   if (text == "text") return;
   if (text == "csv" || text == "html")

@@ -17,6 +17,8 @@ SizeLimit sizeLimit(std::string_view text);
 std::int64_t bytesOf(const SizeLimit& limit);
 // Always with "*." before each extension: the engine takes a bare number for a row of its table.
 std::string typeList(std::string_view text);
+// A name that stays below the directory of the profiles.
+std::string profileName(std::string_view text);
 void requireTextFormat(std::string_view text);
 
 }  // namespace quernstoke

@@ -107,7 +107,7 @@ bool takeCommonOption(int id, Options& options) {
       return true;
     case profileId:
       options.task = Options::Task::runProfile;
-      options.profile = filledValue(id);
+      options.profile = profileName(filledValue(id));
       return true;
     case continueId:
       return options.continues = true;

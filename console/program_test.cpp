@@ -1,9 +1,13 @@
 // Runs of the built program on trees of real files.
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <map>
 #include <set>
+#include <sstream>
 #include <sys/stat.h>
 
 #include "console/runScan.h"
@@ -257,14 +261,35 @@ TEST_F(ScanProgramTest, UnreadableFilesAndDirectoriesAreCounted) {
   EXPECT_THAT(result.err, HasSubstr(" 2 unreadable,"));
 }
 
+// Each path below a directory with its content and its times of change.
+std::map<std::string, std::string> stateOf(const std::string& directory) {
+  std::map<std::string, std::string> state;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(directory)) {
+    std::ostringstream facts;
+    facts << entry.last_write_time().time_since_epoch().count() << ' '
+          << static_cast<int>(entry.status().permissions()) << ' ';
+    if (entry.is_regular_file()) facts << std::ifstream(entry.path()).rdbuf();
+    state[entry.path()] = facts.str();
+  }
+  return state;
+}
+
 TEST_F(ScanProgramTest, LeavesTheScannedTreeAndTheTemporaryDirectoryAsTheyWere) {
   tree.file("in/a", "the same");
   tree.file("in/b", "the same");
-  const auto before = std::filesystem::last_write_time(tree.path("in"));
+  tree.file("in/below/c", "the same");
+  const auto before = stateOf(tree.path("in"));
   EXPECT_EQ(scan().status, 0);
-  EXPECT_EQ(std::filesystem::last_write_time(tree.path("in")), before);
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(tree.path("in")), {}), 3);
+  EXPECT_EQ(stateOf(tree.path("in")), before);
   expectNoScratchHome();
+}
+
+TEST_F(ScanProgramTest, ProfileIsNoPath) {
+  tree.file("home/mine.profile", "kept");
+  const RunResult result = run({"--home", tree.path("home"), "--profile", "../mine"});
+  EXPECT_EQ(result.status, 2);
+  EXPECT_THAT(result.err, HasSubstr("no profile can be called '../mine'"));
+  EXPECT_EQ(tree.content("home/mine.profile"), "kept");
 }
 
 TEST_F(ScanProgramTest, NeverScansItsOwnHome) {

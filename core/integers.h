@@ -23,8 +23,7 @@ class Checked {
     if (!std::in_range<Raw>(value)) fail(FailureNumber::overflow);
   }
   template <std::signed_integral From>
-  requires(!std::same_as<From, Raw>) constexpr Checked(
-      Checked<From> value)  // NOLINT(google-explicit-constructor)
+  constexpr Checked(Checked<From> value)  // NOLINT(google-explicit-constructor)
       : Checked(value.raw()) {}
 
   constexpr Raw raw() const { return value_; }

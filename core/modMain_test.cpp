@@ -103,6 +103,7 @@ TEST_F(ModMainTest, AStartAllocatesTheTables) {
   EXPECT_EQ(FileTypeTable.FileTypeDescription.upperBound(), 50);
   EXPECT_EQ(FileTypeTable.FileTypesList.upperBound(), 50);
   EXPECT_EQ(TempUsedKB, 0);
+  EXPECT_TRUE(dialogBoxes.messages.empty());
 }
 
 TEST_F(ModMainTest, AStartLoadsTheGlobalSettings) {

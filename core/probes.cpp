@@ -56,7 +56,7 @@ bool basFileExists(std::string_view path) {
         return false;
       });
     } else {
-      found = (files().attributes(path) & attributeDirectory) == 0;
+      found = (files().attributes(path) & attributeArchive) != 0;
     }
   });
   return found;

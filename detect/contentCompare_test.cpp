@@ -335,7 +335,7 @@ TEST_F(ContentTailTest, DifferenceBeforeTheLastByteIsSeenAtOnce) {
 TEST_F(ContentTailTest, DifferenceBehindTheTailCountsOneBlockLate) {
   const std::string content = differentBlocks(90);
   std::string changed = content;
-  changed[60 * 4] = '\n';
+  changed[240] = '\n';
   EXPECT_EQ(comparePair(content, changed), 67);  // Found as block 61; 60 of 90.
 }
 

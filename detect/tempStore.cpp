@@ -130,7 +130,7 @@ std::string basExtractZipEntry(const std::string& zipPath, const std::string& in
     unpackIntoTempDir(zipPath, innerDir.empty() ? fileName : innerDir + "/" + fileName, extracted);
     if (!basFileExists(extracted)) return {};
 
-    const std::string result = keepName ? extracted : moveToTempName(extracted);
+    std::string result = keepName ? extracted : moveToTempName(extracted);
     TempUsedKB += Int32(files().length(result)) / bytesPerKB;
     ++TempFileCounter;
     return result;

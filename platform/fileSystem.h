@@ -65,7 +65,8 @@ class FileSystem {
   virtual void clearAttributes(std::string_view path) = 0;
   virtual std::int32_t length(std::string_view path) = 0;
   virtual DateTime modified(std::string_view path) = 0;
-  virtual void remove(std::string_view path) = 0;  // A file, or a link itself; no directory.
+  // Removes a file, or a link itself; no directory, and no file with the read-only bit.
+  virtual void remove(std::string_view path) = 0;
   virtual void rename(std::string_view from, std::string_view to) = 0;  // Never over a file.
 
   // Positions count bytes from 0. Reading and writing move the file's position on.

@@ -26,7 +26,6 @@ class LinuxDirectoryListing final : public DirectoryListing {
 
  private:
   bool isGivenOut();
-  bool isFileGivenOut();
   bool isDirectoryGivenOut();
   bool isPassedOver(int type);
   bool readFacts();

@@ -189,7 +189,15 @@ DateTime LinuxFileSystem::modified(std::string_view path) {
 }
 
 void LinuxFileSystem::remove(std::string_view path) {
-  check(atPath(toLinux(path), [](int at, const char* name) { return ::unlinkat(at, name, 0); }),
+  // Read-only is a wish to keep the file, whatever the directory would allow.
+  check(atPath(toLinux(path),
+               [](int at, const char* name) {
+                 struct stat facts;
+                 if (::fstatat(at, name, &facts, AT_SYMLINK_NOFOLLOW) != 0) return -1;
+                 if (S_ISREG(facts.st_mode) && (facts.st_mode & S_IWUSR) == 0)
+                   fail(FailureNumber::pathFileAccess);
+                 return ::unlinkat(at, name, 0);
+               }),
         Subject::file);
 }
 

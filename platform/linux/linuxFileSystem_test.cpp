@@ -186,6 +186,16 @@ TEST_F(LinuxFiles, RemoveAFile) {
   EXPECT_FAILURE(fileNotFound, files_.remove(at("a")));
 }
 
+TEST_F(LinuxFiles, DoNotRemoveAReadOnlyFileBeforeItsAttributesAreCleared) {
+  tree_.file("a", "kept");
+  ::chmod(tree_.path("a").c_str(), 0444);
+  EXPECT_FAILURE(pathFileAccess, files_.remove(at("a")));
+  EXPECT_EQ("kept", tree_.content("a"));
+  files_.clearAttributes(at("a"));
+  files_.remove(at("a"));
+  EXPECT_FALSE(tree_.exists("a"));
+}
+
 TEST_F(LinuxFiles, RemovingALinkLeavesItsTarget) {
   tree_.file("target", "kept");
   tree_.link("link", "target");

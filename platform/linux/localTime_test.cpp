@@ -80,7 +80,7 @@ TEST(LocalTime, StaysWithinTheCalendar) {
 
 TEST(LinuxClock, TellsLocalTime) {
   const ScopedZone zone("XXX-2");
-  constexpr std::int64_t offset = 2 * 3600;
+  constexpr std::int64_t offset = std::int64_t{2} * 3600;
   const std::int64_t before = std::time(nullptr) + offset;
   const std::int64_t now = LinuxClock().now().seconds;
   EXPECT_LE(before, now);
