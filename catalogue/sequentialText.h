@@ -34,7 +34,7 @@ class SequentialWriter {
 
 class SequentialReader {
  public:
-  explicit SequentialReader(FileNumber file) : file_(file), buffer_(64 * 1024) {}
+  explicit SequentialReader(FileNumber file) : file_(file), buffer_(std::size_t{64} * 1024) {}
 
   bool atEnd();
 

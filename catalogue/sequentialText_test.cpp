@@ -8,7 +8,7 @@
 namespace quernstoke {
 namespace {
 
-constexpr std::size_t bufferSize = 64 * 1024;
+constexpr std::size_t bufferSize = std::size_t{64} * 1024;
 
 class SequentialTextTest : public EngineTest {
  protected:

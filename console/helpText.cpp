@@ -35,7 +35,8 @@ Both:
   --version, --help
 
 Ctrl-C, SIGTERM and SIGHUP abort a scan of directories. They pause the scan of a profile at the next
-place from which --continue can take it up; a second one aborts it.
+place from which --continue can take it up, or after ten seconds, which costs the rest of the group
+being compared; a second one aborts it.
 
 Files of 2 GiB and more, links and special files are passed over and counted. When exactly two of
 the files looked at have the smallest size (with --match N: the first name), these two are not

@@ -92,6 +92,10 @@ bool BeginningsTable::knows(Int32 file) const {
   return row(file) >= 1 && row(file) <= known_.upperBound() && known_[row(file)] == 1;
 }
 
+bool BeginningsTable::differ(Int32 one, Int32 other) const {
+  return knows(one) && knows(other) && (*this)[one] != (*this)[other];
+}
+
 std::string_view BeginningsTable::operator[](Int32 file) const {
   return blocks_[row(file)];
 }

@@ -10,8 +10,8 @@
 namespace quernstoke {
 
 // The first blocks of the files of the group in progress, as far as they were read from the files
-// themselves. A pair need not open a file again for a block that is remembered, and most pairs of a
-// large group are settled by a look at four bytes of each file.
+// themselves. Most pairs of a large group are told apart by a look at four bytes of each file,
+// without opening them again. A match is never made from memory.
 class BeginningsTable {
  public:
   // Forgets all, and makes room for the files of a group.
@@ -20,6 +20,8 @@ class BeginningsTable {
   // Beyond 64 MiB nothing more is remembered.
   void remember(Int32 file, std::string_view block);
   bool knows(Int32 file) const;
+  // Whether both blocks are remembered and differ.
+  bool differ(Int32 one, Int32 other) const;
   std::string_view operator[](Int32 file) const;  // REQUIRES: knows(file).
 
   // The first file from `secondary` to `last` that has to be compared with the primary in earnest,

@@ -131,6 +131,19 @@ TEST_F(BeginningsTest, BlocksThatDifferOutsideTheSampleDiffer) {
   EXPECT_THAT(timesOpened(), Each(1));
 }
 
+// What was read long ago may tell two files apart. For a match both are looked at again.
+TEST_F(BeginningsTest, MatchIsMadeOfFilesThatAreStillThere) {
+  allocateBlockPool(blockLength, 1);
+  disk.before = [this](const DiskCall& call) {
+    if (call.action == DiskAction::open && call.path == "C:\\d\\f4" && disk.exists("C:\\d\\f3"))
+      disk.erase("C:\\d\\f3");
+  };
+  compareGroup({block(1), block(2), block(2), block(3)});
+
+  EXPECT_THAT(matchNumbers(), Each(noMatch));
+  EXPECT_EQ(FileTable.FileStatus[statusState][3], fileState::unreadable);
+}
+
 TEST_F(BeginningsTest, AFileThatCannotBeReadIsTriedByEachPrimary) {
   disk.before = [](const DiskCall& call) {
     if (call.action == DiskAction::open && call.path == "C:\\d\\f4")

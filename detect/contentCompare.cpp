@@ -83,7 +83,10 @@ void readLocalCopy(ComparedFile& side, Int32 block, bool& readFailed) {
     basLogMsg("Error reading from file " + name);
     readFailed = true;
   }
-  side.isPastLocalCopy = side.data.empty();
+  // A copy that does not begin with the file's first block ends too early when it is read by block
+  // number. What it lacks equals nothing, or two such copies would make a match of two files that
+  // differ.
+  side.hasBlock = !side.data.empty();
   ++LocalReads;
 }
 
@@ -109,9 +112,9 @@ void rememberBeginning(const ComparedFile& side) {
 }
 
 ReadSource readActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
-  // The file is opened only when a block must really come from it.
-  if (block == 0 && !readFailed && Beginnings.knows(side.file)) {
+  if (block == 0 && side.isDecided) {
     side.data = Beginnings[side.file];
+    side.hasBlock = true;
     ++ActualReads;
     return ReadSource::actualFile;
   }
@@ -126,6 +129,7 @@ ReadSource readActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
     } else if (block == 0) {
       rememberBeginning(side);
     }
+    side.hasBlock = !readFailed;
     ++ActualReads;
   }
   return readFailed ? ReadSource::none : ReadSource::actualFile;
@@ -184,11 +188,9 @@ void showComparison(Int32 primary, Int32 block, std::int64_t position, Int32 siz
   }
 }
 
-// A local copy that does not begin with the file's first block ends too early when it is read by
-// block number. What it lacks equals nothing, or two such copies would make a match of two files
-// that differ.
+// Files that could not be read are not equal, even if nobody marked them.
 bool areEqual(const ComparedFile& first, const ComparedFile& second) {
-  return !first.isPastLocalCopy && !second.isPastLocalCopy && first.data == second.data;
+  return first.hasBlock && second.hasBlock && first.data == second.data;
 }
 
 // Reads a block of one side. A file that can't be read is marked.
@@ -222,6 +224,8 @@ Int16 basCompareFileContent(Int32 primary, Int32 secondary, Int32 groupFirst, In
     {
       ComparedFile first(primary, primaryBuffer);
       ComparedFile second(secondary, secondaryBuffer);
+      // Memory may tell files apart. Two that are to match are read anew.
+      first.isDecided = second.isDecided = Beginnings.differ(primary, secondary);
       while (allEqual && block * BlockSize < size) {
         const std::int64_t position = positionOf(block);
         showComparison(primary, block, position, size);
@@ -254,6 +258,7 @@ void basCompareFileContentReadBlock(ComparedFile& side, Int32 block, bool& readF
     const Int32 file = side.file;
     const Int32 positionInGroup = file - groupFirst + 1;
     ReadSource source = ReadSource::none;
+    side.hasBlock = false;
     if (!FileTable.FileLocalName[file].empty())
       probeLocalCopy(std::string(FileTable.FileLocalName[file]));
     // Once a comparison has gone to the file itself, it stays there.
@@ -261,6 +266,7 @@ void basCompareFileContentReadBlock(ComparedFile& side, Int32 block, bool& readF
     if (source == ReadSource::none && groupCount >= smallestPooledGroup &&
         basLLReadData(file, positionInGroup, absolute(block), side.data) != -1) {
       ++BufferReads;
+      side.hasBlock = true;
       source = ReadSource::pool;
     }
     if (source == ReadSource::none) extractIfZipEntry(file, readFailed);

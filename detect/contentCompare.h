@@ -23,8 +23,9 @@ class ComparedFile {
   std::string_view data;  // The block last read: a view of the buffer or of the block pool.
   FileNumber actualHandle = 0;
   FileNumber localHandle = 0;
-  bool isAtActualFile = false;   // Its blocks come from the file itself from now on.
-  bool isPastLocalCopy = false;  // The block last read lies beyond what the local copy holds.
+  bool isAtActualFile = false;  // Its blocks come from the file itself from now on.
+  bool hasBlock = false;        // Whether the last read gave a block.
+  bool isDecided = false;       // The pair is known to differ: a remembered block serves.
   std::vector<char>* buffer;
 };
 

@@ -825,6 +825,14 @@ TEST_F(ContentFailureTest, OtherFaultIsShownAndLeavesTheFileUnmarked) {
   expectOnlyTheLogOpen();
 }
 
+// Nothing was read of either, and nothing is no content in common.
+TEST_F(ContentFailureTest, TwoFilesThatBothFailUnexpectedlyDoNotMatch) {
+  makeGroup({blocks("ab"), blocks("ab")});
+  disk.failOn(DiskAction::seek, "C:\\d\\a", FailureNumber::deviceError);
+  disk.failOn(DiskAction::seek, "C:\\d\\b", FailureNumber::deviceError);
+  EXPECT_EQ(compare(), 0);
+}
+
 TEST_F(ContentFailureTest, OpeningGivesNoHandleForAMissingFile) {
   EXPECT_EQ(basCompareFileContentOpenFile("C:\\d\\none", OpenMode::sharedBinary), -1);
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());

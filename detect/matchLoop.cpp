@@ -162,9 +162,10 @@ void MatchPass::compareWithSecondaries() {
 
 // Whether a pair whose first blocks differ would have no effect but on the read counters.
 bool MatchPass::canPassOver() const {
-  return MatchByContent && !excludesPairs_ && groupCount_ > 2 && ContentPercentLimit > 0 &&
-         secondary_ >= groupFirst_ && Beginnings.knows(primary_) &&
-         FileTable.FileSize[primary_] > 0 &&
+  // The runs of a continued list may hold different keys, whose files are not read at all.
+  return StartMode != startMode::continueScan && MatchByContent && !excludesPairs_ &&
+         groupCount_ > 2 && ContentPercentLimit > 0 && secondary_ >= groupFirst_ &&
+         Beginnings.knows(primary_) && FileTable.FileSize[primary_] > 0 &&
          FileTable.FileStatus[statusState][primary_] != fileState::unreadable;
 }
 

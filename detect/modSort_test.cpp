@@ -14,7 +14,6 @@ namespace quernstoke {
 namespace {
 
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using testing::IsEmpty;
 
 using SortTest = EngineTest;

@@ -54,19 +54,19 @@ OpenFiles::OpenFile& OpenFiles::at(FileNumber file) {
 
 std::size_t OpenFiles::read(FileNumber number, std::span<char> into) {
   OpenFile& file = at(number);
-  std::size_t done = 0;
-  while (done < into.size()) {
-    const auto position = static_cast<std::uint64_t>(file.position) + done;
-    // The system calls so far a position an error, but it is merely past every file's end.
-    if (position > std::numeric_limits<std::int64_t>::max() - into.size()) break;
-    const ssize_t length = ::pread(file.descriptor, into.data() + done, into.size() - done,
-                                   static_cast<off_t>(position));
-    if (length < 0 && errno == EINTR) continue;
-    if (length < 0) failReading(file, errno);
-    if (length == 0) break;
-    done += static_cast<std::size_t>(length);
-  }
-  file.position += static_cast<std::int64_t>(done);
+  file.hasPassedEnd = true;
+  // The system calls so far a position an error, but it is merely past every file's end.
+  if (file.position >
+      std::numeric_limits<std::int64_t>::max() - static_cast<std::int64_t>(into.size()))
+    return 0;
+  // One call: a regular file gives less than asked only at its end.
+  ssize_t length = 0;
+  do {
+    length = ::pread(file.descriptor, into.data(), into.size(), static_cast<off_t>(file.position));
+  } while (length < 0 && errno == EINTR);
+  if (length < 0) failReading(file, errno);
+  const auto done = static_cast<std::size_t>(length);
+  file.position += length;
   file.hasPassedEnd = done < into.size();
   return done;
 }
