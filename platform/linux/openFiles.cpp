@@ -54,11 +54,12 @@ OpenFiles::OpenFile& OpenFiles::at(FileNumber file) {
 
 std::size_t OpenFiles::read(FileNumber number, std::span<char> into) {
   OpenFile& file = at(number);
-  file.hasPassedEnd = true;
   // The system calls so far a position an error, but it is merely past every file's end.
   if (file.position >
-      std::numeric_limits<std::int64_t>::max() - static_cast<std::int64_t>(into.size()))
+      std::numeric_limits<std::int64_t>::max() - static_cast<std::int64_t>(into.size())) {
+    file.hasPassedEnd = true;
     return 0;
+  }
   // One call: a regular file gives less than asked only at its end.
   ssize_t length = 0;
   do {
