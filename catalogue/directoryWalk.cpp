@@ -149,10 +149,11 @@ void takeEntries(DirectoryListing& listing, const std::string& path, Int32 row,
 void enterPending(const PendingRows& pending, Int32& row) {
   for (Int32 i = 0; i < pending.count(); ++i) {
     row = pending[i];
-    // A copy: the table moves while it grows.
-    const DirRow entered = DirTable[row];
-    if (entered.kind == dirKind::directory) basScanThisDirectory(entered.name, row);
-    if (entered.kind == dirKind::zipFile) basScanThisZip(entered.name, row);
+    // Copies: the table moves while it grows.
+    const std::string name = DirTable[row].name;
+    const char kind = DirTable[row].kind;
+    if (kind == dirKind::directory) basScanThisDirectory(name, row);
+    if (kind == dirKind::zipFile) basScanThisZip(name, row);
     if (!basCheckRunState()) return;
   }
 }

@@ -12,7 +12,7 @@ namespace quernstoke {
 
 namespace {
 
-constexpr std::size_t writeSize = 64 * 1024;
+constexpr std::size_t writeSize = std::size_t{64} * 1024;
 
 // The digits from `at`, of a text as long as `length`, followed by `end`.
 int datePart(std::string_view text, std::size_t at, std::size_t length) {

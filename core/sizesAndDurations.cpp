@@ -10,7 +10,7 @@ FixedPoint basConvertSize(Int32 value, std::string_view measure) {
     // Only the last measure is computed in more than 32 bits.
     if (measure == "KB") return value * 1024;
     if (measure == "MB") return value * 1024 * 1024;
-    if (measure == "GB") return FixedPoint(value).times(1024 * 1024 * 1024);
+    if (measure == "GB") return FixedPoint(value).times(std::int64_t{1024} * 1024 * 1024);
     return value;
   });
 }
