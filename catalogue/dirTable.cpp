@@ -47,17 +47,30 @@ void DirectoryTable::set(Int32 row, DirRow content) {
   rows_[row] = std::move(content);
 }
 
-Int32 DirectoryTable::find(std::string_view name) const {
+// The first row from 1 to `last` with this name that fits, or -1.
+template <class Fits>
+Int32 DirectoryTable::findFirst(std::string_view name, Int32 last, Fits fits) const {
   const std::uint32_t wanted = hashOf(name);
   const std::uint32_t* hashes = hashes_.data();
-  const auto end = static_cast<std::size_t>(upperBound().raw()) + 1;
+  const auto end = static_cast<std::size_t>(last.raw()) + 1;
   for (std::size_t start = 1; start < end; start += stretch) {
     const std::size_t stop = std::min(start + stretch, end);
     if (stop - start == stretch && !holds(hashes + start, wanted)) continue;
     for (std::size_t row = start; row < stop; ++row)
-      if (hashes[row] == wanted && rows_.data()[row].name == name) return row;
+      if (hashes[row] == wanted && rows_.data()[row].name == name && fits(rows_.data()[row]))
+        return row;
   }
   return -1;
+}
+
+Int32 DirectoryTable::find(std::string_view name) const {
+  return findFirst(name, upperBound(), [](const DirRow&) { return true; });
+}
+
+Int32 DirectoryTable::findFolder(std::string_view name, Int32 zipRow) const {
+  return findFirst(name, DirCount, [&](const DirRow& row) {
+    return row.kind == dirKind::zipFolder && row.parent == zipRow;
+  });
 }
 
 Int32 basAddDirToList(std::string_view name, char kind, Int32 parent, bool& existed) {

@@ -43,8 +43,13 @@ class DirectoryTable {
 
   // The first row from 1 to the upper bound with this name, letter case counting, or -1.
   Int32 find(std::string_view name) const;
+  // The first row from 1 to DirCount of this folder in this zip file, or -1.
+  Int32 findFolder(std::string_view name, Int32 zipRow) const;
 
  private:
+  template <class Fits>
+  Int32 findFirst(std::string_view name, Int32 last, Fits fits) const;
+
   Table<DirRow> rows_;
   Table<std::uint32_t> hashes_;  // Of the name of each row.
 };

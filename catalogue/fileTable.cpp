@@ -44,24 +44,27 @@ void basRedimFilesArrays(Int32 upper, bool preserve) {
   });
 }
 
+void appendFileRow(std::string_view name, Int32 directory, Int32 size, DateTime date) {
+  ++FileCount;
+  if (FileCount >= FileTable.FileName.upperBound()) basRedimFilesArrays(FileCount + growth, true);
+  FileTable.FileName.set(FileCount, name);
+  FileTable.FileDirNum[FileCount] = directory;
+  FileTable.FileSize[FileCount] = size;
+  FileTable.FileDate[FileCount] = date;
+  FileTable.FileStatus[statusMatch][FileCount] = noMatch;
+  FileTable.FileStatus[statusTick][FileCount] = 0;
+  FileTable.FileStatus[statusState][FileCount] = fileState::normal;
+  FileTable.FileStatus[statusTemporary][FileCount] = RunState == runState::idle ? 1 : 0;
+}
+
 Int32 basAddFileToList(std::string_view name, Int32 directory, Int32 size, DateTime date) {
   return procedure("basAddFileToList", [&] {
-    const bool temporary = RunState == runState::idle;
-    if (temporary) {
+    if (RunState == runState::idle) {
       const Int32 known = findFile(name, directory);
       if (known != 0) return known;
     }
-    ++FileCount;
-    if (FileCount >= FileTable.FileName.upperBound()) basRedimFilesArrays(FileCount + growth, true);
-    FileTable.FileName.set(FileCount, name);
-    FileTable.FileDirNum[FileCount] = directory;
-    FileTable.FileSize[FileCount] = size;
-    FileTable.FileDate[FileCount] = date;
-    FileTable.FileStatus[statusMatch][FileCount] = noMatch;
-    FileTable.FileStatus[statusTick][FileCount] = 0;
-    FileTable.FileStatus[statusState][FileCount] = fileState::normal;
+    appendFileRow(name, directory, size, date);
     FileTable.FileStatus[statusChain][FileCount] = noChain;
-    FileTable.FileStatus[statusTemporary][FileCount] = temporary ? 1 : 0;
     return FileCount;
   });
 }

@@ -60,6 +60,9 @@ extern Int32 FileCount;
 // positions of all local copies are -1; rows that a preserving change adds have positions of 0.
 void basRedimFilesArrays(Int32 upper, bool preserve);
 
+// Adds a file as row FileCount. Its block chain is left as the row has it.
+void appendFileRow(std::string_view name, Int32 directory, Int32 size, DateTime date);
+
 // Adds a file and returns its number. While no scan is running a file of that name, letter case
 // apart, that the directory holds already is returned instead.
 Int32 basAddFileToList(std::string_view name, Int32 directory, Int32 size, DateTime date);

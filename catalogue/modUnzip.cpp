@@ -1,19 +1,206 @@
 #include "catalogue/modUnzip.h"
 
+#include <algorithm>
+#include <cstring>
+
+#include "catalogue/dirTable.h"
+#include "catalogue/extensions.h"
+#include "catalogue/fileTable.h"
+#include "core/helpers.h"
+#include "core/modMain.h"
+#include "core/procedure.h"
+#include "core/scanState.h"
+#include "core/text.h"
+#include "platform/archives.h"
+#include "platform/dialogs.h"
+#include "platform/platform.h"
+
 namespace quernstoke {
 
+Table<ZipEntry> ZipEntryList;
+Int32 ZipEntryCount;
 std::string ZipMessages;
+bool ZipPasswordOff;
 
-// Archives can't be read yet: none has entries, and no entry can be extracted.
+namespace {
 
-std::string basScanThisZip(std::string_view /*path*/, Int32 /*row*/) {
-  return {};
+constexpr int roomOfListing = 128;
+constexpr int roomOfExtraction = 1024;
+constexpr int growth = 1024;
+
+// The listing callback.
+void DLLMessage(const ArchiveEntry& entry) {
+  constexpr std::size_t longestName = 256;
+  const Int32 row = ZipEntryCount + 1;
+  if (row > ZipEntryList.upperBound()) ZipEntryList.redim(ZipEntryCount + growth, true);
+  ZipEntry& listed = ZipEntryList[row];
+  listed.name = entry.name.substr(0, std::min(entry.name.find('\0'), longestName));
+  listed.size = entry.size;
+  CivilTime date = entry.date;
+  date.second = 0;
+  listed.date = dateTime(date);
+  ++ZipEntryCount;
 }
 
-Int16 basZipExtract(std::string_view /*path*/, std::string& /*entry*/) {
-  constexpr int nothingRead = 11;
-  ZipMessages = "Zip archives can't be read yet";
-  return nothingRead;
+// The print callback.
+void DLLPrnt(std::string_view bytes) {
+  constexpr std::size_t longestText = 32800;
+  const std::string_view text = bytes.substr(0, longestText);
+  ZipMessages += text.starts_with('\n') ? std::string_view("\r\n") : text;
+}
+
+// The password callback.
+int DLLPassword(std::span<char> buffer) {
+  constexpr int nothingEntered = 1;
+  if (ZipPasswordOff) return nothingEntered;
+  const std::string answer = dialogs().inputBox("Please Enter The Password!", "", "");
+  if (answer.empty() || answer.size() >= buffer.size()) {
+    ZipPasswordOff = true;
+    return nothingEntered;
+  }
+  std::fill(buffer.begin(), buffer.end(), '\0');
+  std::memcpy(buffer.data(), answer.data(), answer.size());
+  return 0;
+}
+
+// The overwrite callback.
+ReplaceAnswer DLLReplace(std::string_view name) {
+  switch (dialogs().messageBox("Overwrite " + std::string(name) + "?", Buttons::yesNoCancel,
+                               "Laipaplez - File Already Exists!", Icon::exclamation)) {
+    case Answer::no:
+      return ReplaceAnswer::no;
+    case Answer::cancel:
+      return ReplaceAnswer::cancel;
+    default:
+      return ReplaceAnswer::yes;
+  }
+}
+
+// The service callback, which tells the file in progress; nothing is done with it.
+void DLLServ(std::string_view /*name*/) {}
+
+// The library must not see a failure in a callback.
+class Callbacks : public ArchiveCallbacks {
+ public:
+  void print(std::string_view bytes) override {
+    ignoringFailure([&] { DLLPrnt(bytes); });
+  }
+  ReplaceAnswer replace(std::string_view name) override {
+    ReplaceAnswer answer = ReplaceAnswer::no;
+    ignoringFailure([&] { answer = DLLReplace(name); });
+    return answer;
+  }
+  int password(std::span<char> buffer) override {
+    int result = 1;
+    ignoringFailure([&] { result = DLLPassword(buffer); });
+    return result;
+  }
+  void message(const ArchiveEntry& entry) override {
+    ignoringFailure([&] { DLLMessage(entry); });
+  }
+  void service(std::string_view name) override { DLLServ(name); }
+};
+
+ArchiveOptions listingOptions(std::string_view path) {
+  ArchiveOptions options;
+  options.PromptToOverwrite = 1;
+  options.nvflag = 1;
+  options.ndflag = 1;
+  options.lpszZipFN = path;
+  return options;
+}
+
+ArchiveOptions extractionOptions(std::string_view path) {
+  ArchiveOptions options;
+  options.noflag = 1;
+  options.lpszZipFN = path;
+  options.lpszExtractDir = TempDir;
+  return options;
+}
+
+Int16 basCallUnzip(std::span<const std::string> included, const ArchiveOptions& options) {
+  Callbacks callbacks;
+  return archives().singleEntryUnzip(included, options, callbacks);
+}
+
+void forgetLastCall(Int32 room) {
+  ZipMessages.clear();
+  ZipEntryCount = 0;
+  ZipEntryList.redim(room, false);
+}
+
+// The library takes brackets for a pattern otherwise.
+std::string withEscapedBrackets(std::string_view entry) {
+  std::string escaped;
+  for (const char c : entry) {
+    if (c == '[' || c == ']') escaped += '\\';
+    escaped += c;
+  }
+  return escaped;
+}
+
+bool isScanning() {
+  return RunState != runState::idle && RunState != runState::paused &&
+         RunState != runState::aborted && RunState != runState::finished;
+}
+
+bool isOfInterest(const ZipEntry& entry) {
+  return !entry.name.ends_with('/') && entry.size.raw() >= MinSizeBytes.toDouble() &&
+         entry.size.raw() <= MaxSizeBytes.toDouble() &&
+         basValidateExtension(basGetFileType(entry.name));
+}
+
+// The row of a folder inside a zip file.
+Int32 folderRow(const std::string& folder, Int32 zipRow) {
+  const Int32 known = DirTable.findFolder(folder, zipRow);
+  if (known != -1) return known;
+  if (DirCount >= DirTable.upperBound()) DirTable.redim(DirCount + growth, true);
+  ++DirCount;
+  DirTable.set(DirCount, {folder, dirKind::zipFolder, zipRow, RunState == runState::idle});
+  return DirCount;
+}
+
+}  // namespace
+
+std::string basScanThisZip(std::string_view path, Int32 row) {
+  return procedure("basScanThisZip", [&]() -> std::string {
+    basZipTOC(path);
+    if (!isScanning()) {
+      const ZipEntry& first = ZipEntryList[1];
+      return first.size != 0 ? first.name + ";" + toText(first.size) : "";
+    }
+    for (Int32 i = 1; i <= ZipEntryCount; ++i) {
+      const ZipEntry& entry = ZipEntryList[i];
+      if (isOfInterest(entry)) basAddZipEntryToDatabase(entry.name, entry.size, entry.date, row);
+    }
+    return {};
+  });
+}
+
+void basAddZipEntryToDatabase(std::string_view name, Int32 size, DateTime date, Int32 zipRow) {
+  procedure("basAddZipEntryToDatabase", [&] {
+    std::string bareName;
+    std::string folder;
+    basGetFilePath(name, bareName, folder);
+    const Int32 directory = folderRow(folder, zipRow);
+    if (!bareName.empty()) appendFileRow(bareName, directory, size, date);
+  });
+}
+
+std::string basZipTOC(std::string_view path) {
+  return procedure("basZipTOC", [&] {
+    forgetLastCall(roomOfListing);
+    return toText(basCallUnzip({}, listingOptions(path)));
+  });
+}
+
+Int16 basZipExtract(std::string_view path, std::string& entry) {
+  return procedure("basZipExtract", [&] {
+    forgetLastCall(roomOfExtraction);
+    ZipPasswordOff = true;
+    entry = withEscapedBrackets(entry);
+    return basCallUnzip({&entry, 1}, extractionOptions(path));
+  });
 }
 
 }  // namespace quernstoke

@@ -28,7 +28,7 @@ bool tellsOfFailure(std::string_view text) {
 }  // namespace
 
 Answer ConsoleDialogs::messageBox(std::string_view text, Buttons buttons,
-                                  std::string_view /*title*/) {
+                                  std::string_view /*title*/, Icon /*icon*/) {
   if (tellsOfFailure(text)) sawFailure_ = true;
   err_.line("message: " + onOneLine(text));
   const bool asksYesNo = buttons == Buttons::yesNo || buttons == Buttons::yesNoCancel;

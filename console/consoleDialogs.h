@@ -14,7 +14,8 @@ class ConsoleDialogs final : public Dialogs {
  public:
   explicit ConsoleDialogs(StandardError& err) : err_(err) {}
 
-  Answer messageBox(std::string_view text, Buttons buttons, std::string_view title) override;
+  Answer messageBox(std::string_view text, Buttons buttons, std::string_view title,
+                    Icon icon) override;
   std::string inputBox(std::string_view prompt, std::string_view title,
                        std::string_view preset) override;
   void beep() override {}

@@ -16,20 +16,20 @@ class ConsoleDialogsTest : public testing::Test {
 };
 
 TEST_F(ConsoleDialogsTest, MessageIsOneLine) {
-  boxes.messageBox("one\r\ntwo\nthree\rfour", Buttons::ok, "Title");
+  boxes.messageBox("one\r\ntwo\nthree\rfour", Buttons::ok, "Title", Icon::none);
   EXPECT_EQ(pipe.text(), "message: one | two | three | four\n");
 }
 
 TEST_F(ConsoleDialogsTest, EachLineBreakOfTwoInARowIsShown) {
-  boxes.messageBox("one\r\n\r\ntwo", Buttons::ok, "");
+  boxes.messageBox("one\r\n\r\ntwo", Buttons::ok, "", Icon::none);
   EXPECT_EQ(pipe.text(), "message: one |  | two\n");
 }
 
 TEST_F(ConsoleDialogsTest, FirstButtonAnswers) {
-  EXPECT_EQ(boxes.messageBox("", Buttons::ok, ""), Answer::ok);
-  EXPECT_EQ(boxes.messageBox("", Buttons::okCancel, ""), Answer::ok);
-  EXPECT_EQ(boxes.messageBox("", Buttons::yesNo, ""), Answer::yes);
-  EXPECT_EQ(boxes.messageBox("", Buttons::yesNoCancel, ""), Answer::yes);
+  EXPECT_EQ(boxes.messageBox("", Buttons::ok, "", Icon::none), Answer::ok);
+  EXPECT_EQ(boxes.messageBox("", Buttons::okCancel, "", Icon::none), Answer::ok);
+  EXPECT_EQ(boxes.messageBox("", Buttons::yesNo, "", Icon::none), Answer::yes);
+  EXPECT_EQ(boxes.messageBox("", Buttons::yesNoCancel, "", Icon::none), Answer::yes);
 }
 
 TEST_F(ConsoleDialogsTest, InputBoxIsCancelled) {
@@ -38,14 +38,17 @@ TEST_F(ConsoleDialogsTest, InputBoxIsCancelled) {
 }
 
 TEST_F(ConsoleDialogsTest, RemembersThatAProcedureFailed) {
-  boxes.messageBox("Config setting MinimumSize is not numeric, zero used", Buttons::ok, "");
+  boxes.messageBox("Config setting MinimumSize is not numeric, zero used", Buttons::ok, "",
+                   Icon::none);
   EXPECT_FALSE(boxes.sawFailure());
-  boxes.messageBox("Procedure error in 'basDoScan'.  Reason: Overflow(6).", Buttons::ok, "");
+  boxes.messageBox("Procedure error in 'basDoScan'.  Reason: Overflow(6).", Buttons::ok, "",
+                   Icon::none);
   EXPECT_TRUE(boxes.sawFailure());
 }
 
 TEST_F(ConsoleDialogsTest, RemembersThatResultsWereNotSaved) {
-  boxes.messageBox("Error saving results to file 'x'. Process aborted", Buttons::ok, "");
+  boxes.messageBox("Error saving results to file 'x'. Process aborted", Buttons::ok, "",
+                   Icon::none);
   EXPECT_TRUE(boxes.sawFailure());
 }
 

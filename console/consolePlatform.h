@@ -9,6 +9,7 @@
 #include "platform/linux/linuxDesktop.h"
 #include "platform/linux/linuxFileSystem.h"
 #include "platform/linux/linuxLocale.h"
+#include "platform/linux/zipArchives.h"
 
 namespace quernstoke {
 
@@ -37,6 +38,7 @@ class ConsolePlatform {
   ConsolePlatform& operator=(const ConsolePlatform&) = delete;
 
   LinuxFileSystem files;
+  ZipArchives archives;
   LinuxDesktop desktop;
   LinuxClock clock;
   LinuxLocale locale;

@@ -16,7 +16,7 @@ What to look at (with DIRECTORY only):
   --max-size SIZE   largest file (default 2GB)
   --types LIST      file types, such as "jpg;png" or "*.jpg;*.png" (default all)
   --exclude DIR     leave out this directory and all below it, letter case apart; repeatable
-  --zip             look inside zip archives
+  --zip             look inside zip archives, whose entries are matched by name and size only
   --hidden          also look at names that begin with a dot
   --system          also look at system files
 

@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 
 #include "console/runScan.h"
+#include "platform/linux/packArchive.h"
 #include "platform/linux/temporaryTree.h"
 
 namespace quernstoke {
@@ -595,9 +596,12 @@ TEST_F(ScanProfileTest, DrivesShowOtherDirectories) {
   EXPECT_THAT(homeFile("Profiles/MyDocs.dir"), HasSubstr("D:\\Documents"));
 }
 
-// Remarks are of --quiet's concern, warnings are not.
-TEST_F(ScanProgramTest, ArchivesThatCannotBeReadAreMentioned) {
-  EXPECT_THAT(scan({"--zip", "--quiet"}).err, HasSubstr("zip archives can't be read yet"));
+// Characters that the program's own paths can't hold come out as the archive has them.
+TEST_F(ScanProgramTest, EntriesOfArchivesShowBehindTheArchive) {
+  tree.file("in/c:d", "12345");
+  packArchive(tree.path("in/b.zip"), {{"docs/c:d", "12345"}, {"c:d", "54321"}});
+  EXPECT_EQ(setsOf(scan({"--zip", "--match", "NS"}).out),
+            std::set<Set>{inAll({"c:d", "b.zip >> docs/c:d", "b.zip >> c:d"})});
 }
 
 }  // namespace

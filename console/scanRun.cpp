@@ -80,11 +80,6 @@ void selectProfile(const Options& options) {
                     "profile '" + options.profile + "' is not paused, so it can't be continued");
 }
 
-void remarkOnArchives(StandardError& err) {
-  if (ProfileSettings.ProcessZip)
-    err.line("quernstoke-scan: zip archives can't be read yet; they are passed over");
-}
-
 Summary::Outcome outcomeOf(const ConsoleDialogs& dialogs) {
   if (RunState == runState::paused) return Summary::Outcome::paused;
   if (RunState == runState::aborted) return Summary::Outcome::aborted;
@@ -137,7 +132,6 @@ ExitStatus scanDirectories(const Options& options, StandardError& err) {
     const ScratchHome home(options.home);
     startProgram(home.path(), platform);
     describeScan(options.scan, plan, drives);
-    remarkOnArchives(err);
     StartMode = startMode::newScan;
     basStartScan();
   }
@@ -154,7 +148,6 @@ ExitStatus scanProfile(const Options& options, StandardError& err) {
     const StopSignals signals;
     startProgram(home, platform);
     selectProfile(options);
-    remarkOnArchives(err);
     filesTakenUp = FileCount.raw();
     basStartScan();
   }

@@ -50,8 +50,8 @@ class MachinePaths {
 
   std::string ofEntry(const DirRow& folder, std::string_view name) const {
     std::string path = found(DirTable[folder.parent].name) + " >> ";
-    if (!folder.name.empty()) path += folder.name + "/";
-    return path.append(name);
+    if (!folder.name.empty()) path += linuxName(folder.name) + "/";
+    return path.append(linuxName(name));
   }
 
   const DriveTable& drives_;

@@ -48,7 +48,10 @@ void resetCatalogue() {
   MatchGroupTable.redim(0, false);
   FilePointerArray.redim(0, false);
   ExtensionList.redim(lastExtensionSlot, false);
+  ZipEntryList.redim(0, false);
+  ZipEntryCount = 0;
   ZipMessages.clear();
+  ZipPasswordOff = false;
 }
 
 void resetDetection() {

@@ -1,6 +1,7 @@
 #include "detect/tempStore.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "catalogue/modUnzip.h"
 #include "core/helpers.h"
@@ -47,6 +48,31 @@ void unpackIntoTempDir(const std::string& zipPath, std::string entry, const std:
   else
     ignoringFailure([&] { files().clearAttributes(target); });
 }
+
+// A file of the temp directory that has the name of an entry to be extracted. As it may be a
+// person's own, it is out of the way meanwhile, and has its name back afterwards.
+class SetAside {
+ public:
+  explicit SetAside(const std::string& path) : path_(path) {
+    if (!basFileExists(path)) return;
+    Int32 number = 1;
+    while (basFileExists(asideName(number)))
+      ++number;
+    files().rename(path, asideName(number));
+    aside_ = asideName(number);
+  }
+  ~SetAside() {
+    if (!aside_.empty()) ignoringFailure([&] { files().rename(aside_, path_); });
+  }
+  SetAside(const SetAside&) = delete;
+  SetAside& operator=(const SetAside&) = delete;
+
+ private:
+  static std::string asideName(Int32 number) { return TempDir + "\\KEPT" + toText(number); }
+
+  std::string path_;
+  std::string aside_;
+};
 
 std::string moveToTempName(const std::string& extracted) {
   while (basFileExists(tempName(TempFileCounter)))
@@ -127,6 +153,8 @@ std::string basExtractZipEntry(const std::string& zipPath, const std::string& in
       return {};
     }
     const std::string extracted = TempDir + "\\" + fileName;
+    std::optional<SetAside> inTheWay;
+    if (!keepName) inTheWay.emplace(extracted);
     unpackIntoTempDir(zipPath, innerDir.empty() ? fileName : innerDir + "/" + fileName, extracted);
     if (!basFileExists(extracted)) return {};
 

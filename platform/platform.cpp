@@ -15,6 +15,9 @@ void usePlatform(const Platform& platform) {
 FileSystem& files() {
   return *current.files;
 }
+Archives& archives() {
+  return *current.archives;
+}
 Dialogs& dialogs() {
   return *current.dialogs;
 }

@@ -2,6 +2,7 @@
 
 namespace quernstoke {
 
+class Archives;
 class Clock;
 class Desktop;
 class Dialogs;
@@ -16,6 +17,7 @@ class ScanStatusWindow;
 // and keeps them alive as long as the engine runs.
 struct Platform {
   FileSystem* files = nullptr;
+  Archives* archives = nullptr;
   Dialogs* dialogs = nullptr;
   Desktop* desktop = nullptr;
   EventLoop* events = nullptr;
@@ -29,6 +31,7 @@ struct Platform {
 void usePlatform(const Platform& platform);
 
 FileSystem& files();
+Archives& archives();
 Dialogs& dialogs();
 Desktop& desktop();
 EventLoop& events();

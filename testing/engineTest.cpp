@@ -13,8 +13,8 @@
 namespace quernstoke {
 
 EngineTest::EngineTest() {
-  usePlatform({&disk, &dialogBoxes, &desk, &eventLoop, &clock, &locale, &mainWindow, &statusWindow,
-               &resultsWindow});
+  usePlatform({&disk, &archiveLibrary, &dialogBoxes, &desk, &eventLoop, &clock, &locale,
+               &mainWindow, &statusWindow, &resultsWindow});
   resetToStartUpState();
   AppPath = "C:\\Quernstoke";
   ExeName = "quernstoke";

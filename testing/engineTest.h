@@ -9,6 +9,7 @@
 #include "core/integers.h"
 #include "testing/fakes.h"
 #include "testing/memoryFileSystem.h"
+#include "testing/scriptedArchives.h"
 
 namespace quernstoke {
 
@@ -30,6 +31,7 @@ class EngineTest : public testing::Test {
   std::vector<std::string> logLines() const;
 
   MemoryFileSystem disk;
+  ScriptedArchives archiveLibrary{disk};
   ScriptedDialogs dialogBoxes;
   ScriptedDesktop desk;
   ScriptedEvents eventLoop;

@@ -26,10 +26,12 @@ std::string mapped(std::string_view text, char first, char last, Map map) {
 
 }  // namespace
 
-Answer ScriptedDialogs::messageBox(std::string_view text, Buttons shown, std::string_view title) {
+Answer ScriptedDialogs::messageBox(std::string_view text, Buttons shown, std::string_view title,
+                                   Icon icon) {
   messages.emplace_back(text);
   titles.emplace_back(title);
   buttons.push_back(shown);
+  icons.push_back(icon);
   const bool asks = shown == Buttons::yesNo || shown == Buttons::yesNoCancel;
   return takeFront(answers, asks ? Answer::yes : Answer::ok);
 }

@@ -26,11 +26,13 @@ class ScriptedDialogs : public Dialogs {
   std::vector<std::string> messages;
   std::vector<std::string> titles;  // Of the same boxes.
   std::vector<Buttons> buttons;     // Of the message boxes alone.
+  std::vector<Icon> icons;          // Likewise.
   std::vector<Answer> answers;      // Taken from the front.
   std::vector<std::string> inputs;  // Likewise, for input boxes.
   int beeps = 0;
 
-  Answer messageBox(std::string_view text, Buttons shown, std::string_view title) override;
+  Answer messageBox(std::string_view text, Buttons shown, std::string_view title,
+                    Icon icon) override;
   std::string inputBox(std::string_view prompt, std::string_view title,
                        std::string_view preset) override;
   void beep() override { ++beeps; }

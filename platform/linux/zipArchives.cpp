@@ -1,0 +1,309 @@
+#include "platform/linux/zipArchives.h"
+
+#include <array>
+#include <cerrno>
+#include <ctime>
+#include <fcntl.h>
+#include <limits.h>
+#include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+#include <zip.h>
+
+#include "platform/failure.h"
+#include "platform/linux/descriptor.h"
+#include "platform/linux/pathLookup.h"
+#include "platform/linux/systemCall.h"
+
+namespace quernstoke {
+
+namespace {
+
+struct DiscardArchive {
+  void operator()(zip_t* archive) const { zip_discard(archive); }
+};
+using Archive = std::unique_ptr<zip_t, DiscardArchive>;
+
+struct CloseEntry {
+  void operator()(zip_file_t* entry) const { zip_fclose(entry); }
+};
+using Entry = std::unique_ptr<zip_file_t, CloseEntry>;
+
+// A file that has been opened; two of the same identity have the same content.
+struct Identity {
+  dev_t device;
+  ino_t inode;
+  off_t size;
+  std::int64_t seconds;
+  std::int64_t nanoseconds;
+
+  bool operator==(const Identity&) const = default;
+};
+
+Identity identityOf(const struct stat& facts) {
+  return {facts.st_dev, facts.st_ino, facts.st_size, facts.st_mtim.tv_sec, facts.st_mtim.tv_nsec};
+}
+
+// Not blocking: a FIFO that has taken the archive's place must not make us wait for its writer.
+Descriptor openForReading(const std::string& path) {
+  const Place place = locate(path);
+  return Descriptor(outcomeOf([&] {
+    return ::openat(place.directory.get(), place.name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  }));
+}
+
+CivilTime civilMinutes(std::time_t time) {
+  std::tm local{};
+  ::localtime_r(&time, &local);
+  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, 0};
+}
+
+ArchiveEntry describe(std::string_view name, const zip_stat_t& facts) {
+  ArchiveEntry entry;
+  entry.name = name;
+  if ((facts.valid & ZIP_STAT_SIZE) != 0) entry.size = facts.size;
+  if ((facts.valid & ZIP_STAT_COMP_SIZE) != 0) entry.compressedSize = facts.comp_size;
+  if ((facts.valid & ZIP_STAT_MTIME) != 0) entry.date = civilMinutes(facts.mtime);
+  if ((facts.valid & ZIP_STAT_CRC) != 0) entry.crc = facts.crc;
+  entry.encrypted =
+      (facts.valid & ZIP_STAT_ENCRYPTION_METHOD) != 0 && facts.encryption_method != ZIP_EM_NONE;
+  return entry;
+}
+
+// Takes the backslashes off that keep brackets from being a pattern.
+std::string withoutEscapes(std::string_view name) {
+  std::string plain;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    const bool escapes =
+        name[i] == '\\' && i + 1 < name.size() && (name[i + 1] == '[' || name[i + 1] == ']');
+    if (!escapes) plain += name[i];
+  }
+  return plain;
+}
+
+// The name of the file that an entry becomes; empty if no file can have it.
+std::string bareLinuxName(std::string_view name) {
+  const std::string bare = linuxName(name.substr(name.rfind('/') + 1));  // npos + 1 is 0.
+  const bool isFileName =
+      bare != "." && bare != ".." && bare.find('/') == std::string::npos && bare.size() <= NAME_MAX;
+  return isFileName ? bare : std::string();
+}
+
+// A new file in a directory, under a name of its own until it is whole, so that nothing
+// half-written is ever found under the name that it is meant for.
+class NewFile {
+ public:
+  explicit NewFile(const Descriptor& directory)
+      : directory_(directory.get()),
+        workingName_(".quernstoke-extracting-" + std::to_string(::getpid())) {
+    ::unlinkat(directory_, workingName_.c_str(), 0);  // Of a process that had our number.
+    constexpr mode_t permissions = 0600;
+    file_.reset(outcomeOf([&] {
+      return ::openat(directory_, workingName_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
+                      permissions);
+    }));
+  }
+  ~NewFile() {
+    if (isOpen() && !kept_) ::unlinkat(directory_, workingName_.c_str(), 0);
+  }
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+
+  bool isOpen() const { return file_.isOpen(); }
+
+  bool write(std::span<const char> bytes) {
+    while (!bytes.empty()) {
+      const ssize_t written = ::write(file_.get(), bytes.data(), bytes.size());
+      if (written < 0 && errno == EINTR) continue;
+      if (written <= 0) return false;
+      bytes = bytes.subspan(static_cast<std::size_t>(written));
+    }
+    return true;
+  }
+
+  // Gives the file its name, in the place of another file or link of that name.
+  bool keepAs(const std::string& name) {
+    kept_ = ::renameat(directory_, workingName_.c_str(), directory_, name.c_str()) == 0;
+    return kept_;
+  }
+
+ private:
+  int directory_;
+  std::string workingName_;
+  Descriptor file_;
+  bool kept_ = false;
+};
+
+int copyEntry(zip_file_t* entry, zip_uint64_t size, NewFile& file, const std::string& name,
+              ArchiveCallbacks& callbacks) {
+  constexpr std::size_t bufferSize = 256 * 1024;
+  std::vector<char> buffer(bufferSize);
+  const auto damaged = [&](const char* reason) {
+    callbacks.print("  error:  " + name + " is damaged: " + reason + "\n");
+    return archiveDamaged;
+  };
+  zip_uint64_t copied = 0;
+  for (;;) {
+    const zip_int64_t got = zip_fread(entry, buffer.data(), buffer.size());
+    if (got < 0) return damaged(zip_error_strerror(zip_file_get_error(entry)));
+    copied += static_cast<zip_uint64_t>(got);
+    // An entry that is longer than it says would fill the disk.
+    if (copied > size || (got == 0 && copied < size)) return damaged("wrong size");
+    if (got == 0) return archiveOk;
+    if (!file.write({buffer.data(), static_cast<std::size_t>(got)})) {
+      callbacks.print("  error:  write of " + name + " failed, the disk may be full\n");
+      return archiveDiskFull;
+    }
+  }
+}
+
+bool wantsPassword(zip_t* archive) {
+  const int error = zip_error_code_zip(zip_get_error(archive));
+  return error == ZIP_ER_NOPASSWD || error == ZIP_ER_WRONGPASSWD;
+}
+
+// Opens an entry, asking for a password if it needs one.
+Entry openEntry(zip_t* archive, zip_uint64_t index, ArchiveCallbacks& callbacks) {
+  Entry entry(zip_fopen_index(archive, index, 0));
+  if (entry || zip_error_code_zip(zip_get_error(archive)) != ZIP_ER_NOPASSWD) return entry;
+  std::array<char, 256> password{};
+  if (callbacks.password(password) != 0) return nullptr;
+  return Entry(zip_fopen_index_encrypted(archive, index, 0, password.data()));
+}
+
+int writeEntry(zip_file_t* entry, zip_uint64_t size, const std::string& name,
+               const std::string& target, const std::string& directory,
+               ArchiveCallbacks& callbacks) {
+  const Descriptor place(
+      outcomeOf([&] { return ::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+  NewFile file(place);
+  if (!file.isOpen()) {
+    callbacks.print("  error:  cannot create " + name + "\n");
+    return archiveDiskFull;
+  }
+  const int result = copyEntry(entry, size, file, name, callbacks);
+  if (result != archiveOk) return result;
+  if (!file.keepAs(target)) {
+    callbacks.print("  error:  cannot create " + name + "\n");
+    return archiveDiskFull;
+  }
+  return archiveOk;
+}
+
+}  // namespace
+
+class ZipArchives::OpenArchive {
+ public:
+  OpenArchive(Archive archive, const Identity& identity)
+      : archive_(std::move(archive)), identity_(identity) {}
+
+  const Identity& identity() const { return identity_; }
+
+  void list(ArchiveCallbacks& callbacks) const {
+    for (zip_uint64_t index = 0; index < count(); ++index) {
+      zip_stat_t facts;
+      if (zip_stat_index(archive_.get(), index, 0, &facts) != 0) continue;
+      const std::string name = entryName(index);
+      callbacks.message(describe(name, facts));
+    }
+  }
+
+  int extract(const std::string& name, const std::string& directory, ArchiveCallbacks& callbacks) {
+    const auto index = find(name);
+    zip_stat_t facts;
+    if (!index || zip_stat_index(archive_.get(), *index, 0, &facts) != 0) {
+      callbacks.print("caution: filename not matched:  " + name + "\n");
+      return archiveNoMatchingEntry;
+    }
+    const std::string target = bareLinuxName(name);
+    if (target.empty()) {
+      callbacks.print("   skipping: " + name + "  no file can have this name\n");
+      return archiveNoMatchingEntry;
+    }
+    callbacks.service(name);
+    const Entry entry = openEntry(archive_.get(), *index, callbacks);
+    if (!entry && wantsPassword(archive_.get())) {
+      callbacks.print("   skipping: " + name + "  incorrect password\n");
+      return archiveBadPassword;
+    }
+    if (!entry) {
+      callbacks.print("  error:  " + name + ": " + zip_strerror(archive_.get()) + "\n");
+      return archiveDamaged;
+    }
+    return writeEntry(entry.get(), facts.size, name, target, directory, callbacks);
+  }
+
+ private:
+  zip_uint64_t count() const {
+    return static_cast<zip_uint64_t>(zip_get_num_entries(archive_.get(), 0));
+  }
+
+  // A name of the archive as the program's: "/" divides, all else is part of a component.
+  std::string entryName(zip_uint64_t index) const {
+    const char* name = zip_get_name(archive_.get(), index, ZIP_FL_ENC_GUESS);
+    return name == nullptr ? std::string() : windowsName(name);
+  }
+
+  // The first entry of this name, letter case counting.
+  std::optional<zip_uint64_t> find(const std::string& name) {
+    if (indexOfName_.empty())
+      for (zip_uint64_t index = 0; index < count(); ++index)
+        indexOfName_.try_emplace(entryName(index), index);
+    const auto found = indexOfName_.find(name);
+    return found == indexOfName_.end() ? std::nullopt : std::optional(found->second);
+  }
+
+  Archive archive_;
+  Identity identity_;
+  std::unordered_map<std::string, zip_uint64_t> indexOfName_;  // Empty until one is looked for.
+};
+
+ZipArchives::ZipArchives(DriveTable drives) : drives_(std::move(drives)) {}
+
+ZipArchives::~ZipArchives() = default;
+
+// Null if there is no archive that can be read.
+ZipArchives::OpenArchive* ZipArchives::open(const std::string& programPath) {
+  Descriptor file = openForReading(drives_.linuxPath(programPath));
+  struct stat facts;
+  const bool isFile = file.isOpen() && ::fstat(file.get(), &facts) == 0 && S_ISREG(facts.st_mode);
+  if (isFile && last_ && last_->identity() == identityOf(facts)) return last_.get();
+  last_.reset();
+  if (!isFile) return nullptr;
+  int error = 0;
+  Archive archive(zip_fdopen(file.get(), 0, &error));
+  if (!archive) return nullptr;
+  file.release();  // The library has taken it over.
+  last_ = std::make_unique<OpenArchive>(std::move(archive), identityOf(facts));
+  return last_.get();
+}
+
+int ZipArchives::singleEntryUnzip(std::span<const std::string> included,
+                                  const ArchiveOptions& options, ArchiveCallbacks& callbacks) {
+  try {
+    OpenArchive* const archive = open(options.lpszZipFN);
+    if (archive == nullptr) {
+      callbacks.print("error:  cannot find or open " + options.lpszZipFN + "\n");
+      return archiveNotFound;
+    }
+    if (options.nvflag != 0) {
+      archive->list(callbacks);
+      return archiveOk;
+    }
+    const std::string directory = locate(drives_.linuxPath(options.lpszExtractDir)).path;
+    int result = archiveOk;
+    for (const std::string& name : included) {
+      const int one = archive->extract(withoutEscapes(name), directory, callbacks);
+      if (one != archiveOk) result = one;
+    }
+    return result;
+  } catch (const Failure& failure) {
+    callbacks.print("error:  " + failure.description + "\n");
+    return archiveNotFound;
+  }
+}
+
+}  // namespace quernstoke
