@@ -1,7 +1,7 @@
 #include "detect/beginnings.h"
 
 #include <algorithm>
-#include <cstring>
+#include <functional>
 #include <limits>
 
 #include "catalogue/fileTable.h"
@@ -14,13 +14,8 @@ BeginningsTable Beginnings;
 
 namespace {
 
-constexpr std::size_t mostBytes = std::size_t{64} * 1024 * 1024;
-
-std::uint32_t sampleOf(std::string_view block) {
-  std::uint32_t sample = 0;
-  const std::size_t length = std::min(block.size(), sizeof sample);
-  std::memcpy(&sample, block.data() + (block.size() - length) / 2, length);
-  return sample;
+std::uint32_t fingerprint(std::string_view block) {
+  return static_cast<std::uint32_t>(std::hash<std::string_view>()(block));
 }
 
 // What a comparison of the primary with each of several files would do.
@@ -36,14 +31,14 @@ struct Columns {
   const Int32* matches;
   const Int32* chains;
   const std::uint32_t* known;
-  const std::uint32_t* samples;
+  const std::uint32_t* prints;
 
-  Prospect prospect(std::size_t count, std::uint32_t sample, std::uint32_t poolHasRoom) const {
+  Prospect prospect(std::size_t count, std::uint32_t print, std::uint32_t poolHasRoom) const {
     Prospect sum;
     for (std::size_t i = 0; i < count; ++i) {
       const std::uint32_t open = matches[i].raw() == noMatch ? 1 : 0;
       const std::uint32_t pooled = chains[i].raw() > 0 ? 1 : 0;
-      const std::uint32_t likely = samples[i] == sample ? 1 : 0;
+      const std::uint32_t likely = prints[i] == print ? 1 : 0;
       const std::uint32_t stored = (pooled ^ 1U) & poolHasRoom;
       sum.inEarnest += open & ((known[i] ^ 1U) | likely | stored);
       sum.fromPool += open & pooled;
@@ -74,18 +69,14 @@ bool countersHaveRoom(std::int32_t files) {
 
 void BeginningsTable::redim(Int32 first, Int32 count) {
   first_ = first;
-  blocks_.redim(count, false);
   known_.redim(count, false);
-  samples_.redim(count, false);
-  size_ = 0;
+  prints_.redim(count, false);
 }
 
 void BeginningsTable::remember(Int32 file, std::string_view block) {
-  if (row(file) < 1 || row(file) > known_.upperBound() || size_ + block.size() > mostBytes) return;
-  blocks_.set(row(file), block);
+  if (row(file) < 1 || row(file) > known_.upperBound()) return;
   known_[row(file)] = 1;
-  samples_[row(file)] = sampleOf(block);
-  size_ += block.size();
+  prints_[row(file)] = fingerprint(block);
 }
 
 bool BeginningsTable::knows(Int32 file) const {
@@ -93,16 +84,12 @@ bool BeginningsTable::knows(Int32 file) const {
 }
 
 bool BeginningsTable::differ(Int32 one, Int32 other) const {
-  return knows(one) && knows(other) && (*this)[one] != (*this)[other];
-}
-
-std::string_view BeginningsTable::operator[](Int32 file) const {
-  return blocks_[row(file)];
+  return knows(one) && knows(other) && prints_[row(one)] != prints_[row(other)];
 }
 
 Int32 BeginningsTable::passOverDifferent(Int32 primary, Int32 secondary, Int32 last) const {
   constexpr std::int32_t stretch = 64;
-  const std::uint32_t sample = samples_[row(primary)];
+  const std::uint32_t print = prints_[row(primary)];
   const std::uint32_t poolHasRoom = poolHasFreeSlot() ? 1 : 0;
   // A block of the primary that the pool takes now changes the pool.
   if (poolHasRoom != 0 && !isPooled(primary)) return secondary;
@@ -112,8 +99,8 @@ Int32 BeginningsTable::passOverDifferent(Int32 primary, Int32 secondary, Int32 l
     length = std::min(length, last.raw() - file + 1);
     const Columns columns{&FileTable.FileStatus[statusMatch][file],
                           &FileTable.FileStatus[statusChain][file], &known_[row(file)],
-                          &samples_[row(file)]};
-    const Prospect pairs = columns.prospect(static_cast<std::size_t>(length), sample, poolHasRoom);
+                          &prints_[row(file)]};
+    const Prospect pairs = columns.prospect(static_cast<std::size_t>(length), print, poolHasRoom);
     if (pairs.inEarnest == 0 && countersHaveRoom(length)) {
       countReads(primary, pairs);
       file += length;

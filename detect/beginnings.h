@@ -3,26 +3,23 @@
 #include <cstdint>
 #include <string_view>
 
-#include "catalogue/textColumn.h"
 #include "core/integers.h"
 #include "core/table.h"
 
 namespace quernstoke {
 
-// The first blocks of the files of the group in progress, as far as they were read from the files
-// themselves. Most pairs of a large group are told apart by a look at four bytes of each file,
-// without opening them again. A match is never made from memory.
+// Fingerprints of the first blocks of the files of the group in progress, as far as they were read
+// from the files themselves. Most pairs of a large group are told apart by these, without opening
+// the files again. A match is never made of them.
 class BeginningsTable {
  public:
   // Forgets all, and makes room for the files of a group.
   void redim(Int32 first, Int32 count);
 
-  // Beyond 64 MiB nothing more is remembered.
   void remember(Int32 file, std::string_view block);
   bool knows(Int32 file) const;
-  // Whether both blocks are remembered and differ.
+  // Whether both blocks are known and differ.
   bool differ(Int32 one, Int32 other) const;
-  std::string_view operator[](Int32 file) const;  // REQUIRES: knows(file).
 
   // The first file from `secondary` to `last` that has to be compared with the primary in earnest,
   // or the one behind `last`. Those before it have a number, or their first block is known to
@@ -34,10 +31,8 @@ class BeginningsTable {
   Int32 row(Int32 file) const { return file - first_ + 1; }
 
   Int32 first_ = 1;
-  TextColumn blocks_;
-  Table<std::uint32_t> known_;    // 1 for a file whose block is remembered.
-  Table<std::uint32_t> samples_;  // Four bytes from the middle of it: equal in equal blocks.
-  std::size_t size_ = 0;
+  Table<std::uint32_t> known_;   // 1 for a file whose block was seen.
+  Table<std::uint32_t> prints_;  // Equal for equal blocks.
 };
 
 extern BeginningsTable Beginnings;

@@ -105,6 +105,23 @@ void openActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
     openAt(side.actualHandle, actualPath(side.file), OpenMode::sharedBinary, block, readFailed);
 }
 
+// Reads the block that a slot of the pool stands for.
+void readIntoPool(ComparedFile& side, Int32 slot, Int32 block, bool& readFailed) {
+  const FileNumber handle =
+      basCompareFileContentOpenFile(actualPath(side.file), OpenMode::sharedBinary);
+  const auto read = [&] {
+    files().seek(handle, positionOf(block));
+    readAtPosition(side, handle);
+    BlockPoolData.store(slot, side.data);
+  };
+  readFailed = handle <= 0;
+  if (!readFailed && ignoringFailure(read) != 0) {
+    basLogMsg("Error reading from file " + actualPath(side.file));
+    readFailed = true;
+  }
+  closeIfOpen(handle);
+}
+
 // Remembers a first block for the other pairs of the group. A file with a local copy has that.
 void rememberBeginning(const ComparedFile& side) {
   if (!LocalCopyActive && FileTable.FileLocalName[side.file].empty())
@@ -113,8 +130,7 @@ void rememberBeginning(const ComparedFile& side) {
 
 ReadSource readActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
   if (block == 0 && side.isDecided) {
-    side.data = Beginnings[side.file];
-    side.hasBlock = true;
+    side.data = unreadBlock;
     ++ActualReads;
     return ReadSource::actualFile;
   }
@@ -133,6 +149,16 @@ ReadSource readActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
     ++ActualReads;
   }
   return readFailed ? ReadSource::none : ReadSource::actualFile;
+}
+
+// Whether the pool has the block.
+bool readFromPool(ComparedFile& side, Int32 positionInGroup, Int32 block, bool& readFailed) {
+  const Int32 slot = basLLReadData(side.file, positionInGroup, block, side.data);
+  if (slot == -1) return false;
+  ++BufferReads;
+  if (isUnread(side.data) && !side.isDecided) readIntoPool(side, slot, block, readFailed);
+  side.hasBlock = !isUnread(side.data) && !readFailed;
+  return true;
 }
 
 bool fitsTempSpace() {
@@ -264,11 +290,8 @@ void basCompareFileContentReadBlock(ComparedFile& side, Int32 block, bool& readF
     // Once a comparison has gone to the file itself, it stays there.
     if (side.isAtActualFile) source = ReadSource::actualFile;
     if (source == ReadSource::none && groupCount >= smallestPooledGroup &&
-        basLLReadData(file, positionInGroup, absolute(block), side.data) != -1) {
-      ++BufferReads;
-      side.hasBlock = true;
+        readFromPool(side, positionInGroup, absolute(block), readFailed))
       source = ReadSource::pool;
-    }
     if (source == ReadSource::none) extractIfZipEntry(file, readFailed);
     if (source == ReadSource::none && isInLocalCopy(file, block)) source = ReadSource::localCopy;
     if (source == ReadSource::localCopy)

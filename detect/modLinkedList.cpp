@@ -18,6 +18,7 @@ Int32 BuffersPerFile;
 namespace {
 
 constexpr int endOfChain = -1;
+constexpr int unreadLength = -1;
 
 Int32& freeHead() {
   return BlockPoolNext[BlockPoolCount + 1];
@@ -44,13 +45,15 @@ void BlockStore::redim(Int32 slots, Int32 blockSize) {
 }
 
 std::string_view BlockStore::operator[](Int32 slot) const {
+  if (lengths_[slot] == unreadLength) return unreadBlock;
   const auto length = static_cast<std::size_t>(lengths_[slot].raw());
   return {bytes_.get() + static_cast<std::size_t>(slot.raw()) * blockSize_, length};
 }
 
 void BlockStore::store(Int32 slot, std::string_view block) {
   if (block.size() > blockSize_) fail(FailureNumber::subscriptOutOfRange);
-  lengths_[slot] = block.size();
+  lengths_[slot] = isUnread(block) ? unreadLength : Int32(block.size());
+  if (block.empty()) return;
   std::memcpy(bytes_.get() + static_cast<std::size_t>(slot.raw()) * blockSize_, block.data(),
               block.size());
 }

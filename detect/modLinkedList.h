@@ -13,6 +13,13 @@ namespace quernstoke {
 // 2. A slot is in exactly one chain or in the free list.
 // 3. A chain's head is in FileStatus. A head of 0 or below stands for no chain.
 
+// Stands for a block of a file that nobody has needed so far. It is to be read when somebody does.
+constexpr std::string_view unreadBlock{};
+
+inline bool isUnread(std::string_view block) {
+  return block.data() == nullptr;
+}
+
 // What the slots hold: blocks of at most BlockSize bytes, in one piece of memory.
 class BlockStore {
  public:
