@@ -14,15 +14,18 @@ BeginningsTable Beginnings;
 
 namespace {
 
+constexpr std::uint32_t unknown = 0;
+
 std::uint32_t fingerprint(std::string_view block) {
-  return static_cast<std::uint32_t>(std::hash<std::string_view>()(block));
+  const auto print = static_cast<std::uint32_t>(std::hash<std::string_view>()(block));
+  return print == unknown ? 1 : print;
 }
 
 // What a comparison of the primary with each of several files would do.
 struct Prospect {
   std::uint32_t inEarnest = 0;  // Files that have to be compared.
-  std::uint32_t fromPool = 0;   // Files without a number whose block lies in the pool.
-  std::uint32_t fromFile = 0;   // The other files without a number.
+  std::uint32_t open = 0;       // Files without a number.
+  std::uint32_t pooled = 0;     // Those of them whose block lies in the pool.
 };
 
 // The columns of the files in question, beginning with the one at hand. They are looked at without
@@ -30,7 +33,6 @@ struct Prospect {
 struct Columns {
   const Int32* matches;
   const Int32* chains;
-  const std::uint32_t* known;
   const std::uint32_t* prints;
 
   Prospect prospect(std::size_t count, std::uint32_t print, std::uint32_t poolHasRoom) const {
@@ -38,11 +40,11 @@ struct Columns {
     for (std::size_t i = 0; i < count; ++i) {
       const std::uint32_t open = matches[i].raw() == noMatch ? 1 : 0;
       const std::uint32_t pooled = chains[i].raw() > 0 ? 1 : 0;
-      const std::uint32_t likely = prints[i] == print ? 1 : 0;
+      const std::uint32_t likely = prints[i] == print || prints[i] == unknown ? 1 : 0;
       const std::uint32_t stored = (pooled ^ 1U) & poolHasRoom;
-      sum.inEarnest += open & ((known[i] ^ 1U) | likely | stored);
-      sum.fromPool += open & pooled;
-      sum.fromFile += open & (pooled ^ 1U);
+      sum.inEarnest += open & (likely | stored);
+      sum.open += open;
+      sum.pooled += open & pooled;
     }
     return sum;
   }
@@ -54,9 +56,8 @@ bool isPooled(Int32 file) {
 
 // Both sides of each pair are read, from the pool or from the file.
 void countReads(Int32 primary, const Prospect& pairs) {
-  const std::uint32_t files = pairs.fromPool + pairs.fromFile;
-  BufferReads += pairs.fromPool + (isPooled(primary) ? files : 0);
-  ActualReads += pairs.fromFile + (isPooled(primary) ? 0 : files);
+  BufferReads += pairs.pooled + (isPooled(primary) ? pairs.open : 0);
+  ActualReads += (pairs.open - pairs.pooled) + (isPooled(primary) ? 0 : pairs.open);
 }
 
 // Leaves room in the counters for two reads of each file of a stretch.
@@ -69,18 +70,19 @@ bool countersHaveRoom(std::int32_t files) {
 
 void BeginningsTable::redim(Int32 first, Int32 count) {
   first_ = first;
-  known_.redim(count, false);
   prints_.redim(count, false);
 }
 
 void BeginningsTable::remember(Int32 file, std::string_view block) {
-  if (row(file) < 1 || row(file) > known_.upperBound()) return;
-  known_[row(file)] = 1;
-  prints_[row(file)] = fingerprint(block);
+  if (isInGroup(file)) prints_[row(file)] = fingerprint(block);
+}
+
+bool BeginningsTable::isInGroup(Int32 file) const {
+  return row(file) >= 1 && row(file) <= prints_.upperBound();
 }
 
 bool BeginningsTable::knows(Int32 file) const {
-  return row(file) >= 1 && row(file) <= known_.upperBound() && known_[row(file)] == 1;
+  return isInGroup(file) && prints_[row(file)] != unknown;
 }
 
 bool BeginningsTable::differ(Int32 one, Int32 other) const {
@@ -98,8 +100,7 @@ Int32 BeginningsTable::passOverDifferent(Int32 primary, Int32 secondary, Int32 l
   for (std::int32_t file = secondary.raw(); file <= last.raw();) {
     length = std::min(length, last.raw() - file + 1);
     const Columns columns{&FileTable.FileStatus[statusMatch][file],
-                          &FileTable.FileStatus[statusChain][file], &known_[row(file)],
-                          &prints_[row(file)]};
+                          &FileTable.FileStatus[statusChain][file], &prints_[row(file)]};
     const Prospect pairs = columns.prospect(static_cast<std::size_t>(length), print, poolHasRoom);
     if (pairs.inEarnest == 0 && countersHaveRoom(length)) {
       countReads(primary, pairs);

@@ -29,10 +29,10 @@ class BeginningsTable {
 
  private:
   Int32 row(Int32 file) const { return file - first_ + 1; }
+  bool isInGroup(Int32 file) const;
 
   Int32 first_ = 1;
-  Table<std::uint32_t> known_;   // 1 for a file whose block was seen.
-  Table<std::uint32_t> prints_;  // Equal for equal blocks.
+  Table<std::uint32_t> prints_;  // Equal for equal blocks; 0 for a file whose block is not known.
 };
 
 extern BeginningsTable Beginnings;

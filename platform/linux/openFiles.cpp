@@ -1,5 +1,6 @@
 #include "platform/linux/openFiles.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <limits>
 #include <sys/stat.h>
@@ -14,6 +15,8 @@ namespace {
 bool isWritten(OpenMode mode) {
   return mode == OpenMode::output || mode == OpenMode::binary;
 }
+
+constexpr std::size_t windowSize = 4096;
 
 }  // namespace
 
@@ -35,6 +38,7 @@ FileNumber OpenFiles::add(Descriptor descriptor, OpenMode mode, std::string_view
   file.hasPassedEnd = false;
   file.position = 0;
   file.knownLength = 0;
+  file.window.clear();
   file.descriptor = descriptor.release();
   ++firstMaybeFree_;
   return static_cast<FileNumber>(firstMaybeFree_);
@@ -55,20 +59,42 @@ OpenFiles::OpenFile& OpenFiles::at(FileNumber file) {
 std::size_t OpenFiles::read(FileNumber number, std::span<char> into) {
   OpenFile& file = at(number);
   // The system calls so far a position an error, but it is merely past every file's end.
-  if (file.position >
-      std::numeric_limits<std::int64_t>::max() - static_cast<std::int64_t>(into.size())) {
+  const auto most = static_cast<std::int64_t>(std::max(into.size(), windowSize));
+  if (file.position > std::numeric_limits<std::int64_t>::max() - most) {
     file.hasPassedEnd = true;
     return 0;
   }
-  // One call: a regular file gives less than asked only at its end.
-  ssize_t length = 0;
-  do {
-    length = ::pread(file.descriptor, into.data(), into.size(), static_cast<off_t>(file.position));
-  } while (length < 0 && errno == EINTR);
-  if (length < 0) failReading(file, errno);
-  const auto done = static_cast<std::size_t>(length);
-  file.position += length;
+  const std::size_t done =
+      into.size() == 1 ? readByte(file, into) : readAt(file, file.position, into);
+  file.position += static_cast<std::int64_t>(done);
   file.hasPassedEnd = done < into.size();
+  return done;
+}
+
+// One call: a regular file gives less than asked only at its end.
+std::size_t OpenFiles::readAt(const OpenFile& file, std::int64_t position, std::span<char> into) {
+  for (;;) {
+    const ssize_t length =
+        ::pread(file.descriptor, into.data(), into.size(), static_cast<off_t>(position));
+    if (length >= 0) return static_cast<std::size_t>(length);
+    if (errno != EINTR) failReading(file, errno);
+  }
+}
+
+// Records are read byte by byte, which must not cost a call each.
+std::size_t OpenFiles::readByte(OpenFile& file, std::span<char> into) {
+  const auto held = [&]() -> std::int64_t {
+    const std::int64_t skipped = file.position - file.windowStart;
+    const auto size = static_cast<std::int64_t>(file.window.size());
+    return skipped < 0 || skipped > size ? 0 : size - skipped;
+  };
+  if (held() < static_cast<std::int64_t>(into.size())) {
+    file.windowStart = file.position;
+    file.window.resize(windowSize);
+    file.window.resize(readAt(file, file.position, file.window));
+  }
+  const auto done = std::min(into.size(), static_cast<std::size_t>(held()));
+  file.window.copy(into.data(), done, static_cast<std::size_t>(file.position - file.windowStart));
   return done;
 }
 
@@ -79,6 +105,7 @@ void OpenFiles::failReading(const OpenFile& file, int error) {
 
 void OpenFiles::write(FileNumber number, std::string_view bytes) {
   OpenFile& file = at(number);
+  file.window.clear();
   while (!bytes.empty()) {
     const ssize_t length = ::pwrite(file.descriptor, bytes.data(), bytes.size(), file.position);
     if (length < 0 && errno == EINTR) continue;

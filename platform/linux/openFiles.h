@@ -40,10 +40,14 @@ class OpenFiles {
     std::int64_t position = 0;
     std::int64_t knownLength = 0;
     std::string path;
+    std::string window;  // Bytes from windowStart on that were read ahead for reads of one byte.
+    std::int64_t windowStart = 0;
   };
 
   const OpenFile& at(FileNumber file) const;
   OpenFile& at(FileNumber file);
+  std::size_t readAt(const OpenFile& file, std::int64_t position, std::span<char> into);
+  std::size_t readByte(OpenFile& file, std::span<char> into);
   [[noreturn]] void failReading(const OpenFile& file, int error);
 
   FileTally& tally_;

@@ -145,6 +145,23 @@ TEST_F(OpenedFiles, AFileThatShrinksEndsEarlier) {
   EXPECT_EQ("", read(file, 3));
 }
 
+// Bytes are read ahead, but never in place of what was written or sought meanwhile.
+TEST_F(OpenedFiles, SingleBytesFollowSeeksAndWrites) {
+  tree_.file("a", "abcdef");
+  const FileNumber file = open("a", OpenMode::binary);
+  EXPECT_EQ("a", read(file, 1));
+  EXPECT_EQ("b", read(file, 1));
+  files_.write(file, "XY");
+  files_.seek(file, 1);
+  for (const char* byte : {"b", "X", "Y", "e", "f", ""})
+    EXPECT_EQ(byte, read(file, 1));
+  EXPECT_TRUE(files_.atEnd(file));
+  files_.seek(file, 5000);
+  EXPECT_EQ("", read(file, 1));
+  files_.seek(file, 0);
+  EXPECT_EQ("a", read(file, 1));
+}
+
 TEST_F(OpenedFiles, OutputCutsAndBinaryDoesNot) {
   tree_.file("cut", "123456");
   tree_.file("kept", "123456");
