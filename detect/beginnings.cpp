@@ -1,7 +1,9 @@
 #include "detect/beginnings.h"
 
 #include <algorithm>
-#include <functional>
+#include <array>
+#include <bit>
+#include <cstring>
 #include <limits>
 
 #include "catalogue/fileTable.h"
@@ -16,8 +18,29 @@ namespace {
 
 constexpr std::uint32_t unknown = 0;
 
+constexpr std::uint64_t oddFactor = 0x9E3779B97F4A7C15;
+
+// Four sums side by side, which the processor makes faster than one.
+using Sums = std::array<std::uint64_t, 4>;
+
+void add(Sums& sums, const char* bytes) {
+  Sums words;
+  std::memcpy(words.data(), bytes, sizeof words);
+  for (std::size_t lane = 0; lane < sums.size(); ++lane)
+    sums[lane] = (std::rotl(sums[lane], 29) ^ words[lane]) * oddFactor;
+}
+
 std::uint32_t fingerprint(std::string_view block) {
-  const auto print = static_cast<std::uint32_t>(std::hash<std::string_view>()(block));
+  Sums sums = {1, 2, 3, 4};
+  std::uint64_t all = block.size();
+  for (; block.size() >= sizeof sums; block.remove_prefix(sizeof sums))
+    add(sums, block.data());
+  std::array<char, sizeof sums> rest{};
+  block.copy(rest.data(), rest.size());
+  add(sums, rest.data());
+  for (const std::uint64_t sum : sums)
+    all = (all ^ sum ^ (sum >> 32)) * oddFactor;
+  const auto print = static_cast<std::uint32_t>(all >> 32);
   return print == unknown ? 1 : print;
 }
 
@@ -35,9 +58,9 @@ struct Columns {
   const Int32* chains;
   const std::uint32_t* prints;
 
-  Prospect prospect(std::size_t count, std::uint32_t print, std::uint32_t poolHasRoom) const {
+  Prospect prospect(std::int32_t count, std::uint32_t print, std::uint32_t poolHasRoom) const {
     Prospect sum;
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::int32_t i = 0; i < count; ++i) {
       const std::uint32_t open = matches[i].raw() == noMatch ? 1 : 0;
       const std::uint32_t pooled = chains[i].raw() > 0 ? 1 : 0;
       const std::uint32_t likely = prints[i] == print || prints[i] == unknown ? 1 : 0;
@@ -47,6 +70,16 @@ struct Columns {
       sum.pooled += open & pooled;
     }
     return sum;
+  }
+
+  // How many files stand before the first that has to be compared. REQUIRES: there is one.
+  std::int32_t beforeEarnest(std::uint32_t print, std::uint32_t poolHasRoom) const {
+    std::int32_t count = 0;
+    while (Columns{matches + count, chains + count, prints + count}
+               .prospect(1, print, poolHasRoom)
+               .inEarnest == 0)
+      ++count;
+    return count;
   }
 };
 
@@ -90,28 +123,28 @@ bool BeginningsTable::differ(Int32 one, Int32 other) const {
 }
 
 Int32 BeginningsTable::passOverDifferent(Int32 primary, Int32 secondary, Int32 last) const {
-  constexpr std::int32_t stretch = 64;
+  constexpr std::int32_t stretch = 128;
   const std::uint32_t print = prints_[row(primary)];
   const std::uint32_t poolHasRoom = poolHasFreeSlot() ? 1 : 0;
   // A block of the primary that the pool takes now changes the pool.
   if (poolHasRoom != 0 && !isPooled(primary)) return secondary;
 
-  std::int32_t length = stretch;
-  for (std::int32_t file = secondary.raw(); file <= last.raw();) {
-    length = std::min(length, last.raw() - file + 1);
+  std::int32_t file = secondary.raw();
+  while (file <= last.raw() && countersHaveRoom(stretch)) {
+    std::int32_t length = std::min(stretch, last.raw() - file + 1);
     const Columns columns{&FileTable.FileStatus[statusMatch][file],
                           &FileTable.FileStatus[statusChain][file], &prints_[row(file)]};
-    const Prospect pairs = columns.prospect(static_cast<std::size_t>(length), print, poolHasRoom);
-    if (pairs.inEarnest == 0 && countersHaveRoom(length)) {
-      countReads(primary, pairs);
-      file += length;
-    } else if (length == 1) {
-      return file;
-    } else {
-      length = 1;  // The file in question lies in this stretch.
+    Prospect pairs = columns.prospect(length, print, poolHasRoom);
+    const bool endsHere = pairs.inEarnest != 0;
+    if (endsHere) {
+      length = columns.beforeEarnest(print, poolHasRoom);
+      pairs = columns.prospect(length, print, poolHasRoom);
     }
+    countReads(primary, pairs);
+    file += length;
+    if (endsHere) break;
   }
-  return last + 1;
+  return file;
 }
 
 }  // namespace quernstoke
