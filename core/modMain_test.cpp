@@ -85,12 +85,15 @@ TEST_F(ModMainTest, AStartThatCannotMakeADirectoryIsLoggedAndEndsInTheBox) {
   EXPECT_THAT(windows, IsEmpty());
 }
 
-TEST_F(ModMainTest, AStartAllocatesTheTables) {
+// A first start would allocate some of them once more, when it makes its first settings.
+TEST_F(ModMainTest, EveryStartAllocatesTheTables) {
+  start();
   buildCatalogue({{"a.txt", "C:\\Data", 1}});
   MatchGroupTable.redim(5, false);
   FilePointerArray.redim(5, false);
   allocateBlockPool(16, 4);
   ProfileDirList.redim(0, false);
+  FileTypeTable.FileTypeDescription.redim(0, false);
   FileTypeTable.FileTypesList.redim(0, false);
   TempUsedKB = 9;
   start();
@@ -99,6 +102,8 @@ TEST_F(ModMainTest, AStartAllocatesTheTables) {
   EXPECT_EQ(MatchGroupTable.upperBound(), 0);
   EXPECT_EQ(FilePointerArray.upperBound(), 0);
   EXPECT_EQ(BlockPoolNext.upperBound(), 0);
+  EXPECT_EQ(BlockPoolCount, 0);
+  EXPECT_THROW(BlockPoolData[1], Failure);
   EXPECT_EQ(ProfileDirList.upperBound(), 128);
   EXPECT_EQ(FileTypeTable.FileTypeDescription.upperBound(), 50);
   EXPECT_EQ(FileTypeTable.FileTypesList.upperBound(), 50);
@@ -116,6 +121,7 @@ TEST_F(ModMainTest, AStartLoadsTheGlobalSettings) {
 }
 
 TEST_F(ModMainTest, NoProfileIsSelectedAfterAStart) {
+  start();  // A first one clears the name for its own reasons.
   ProfileName = "Music";
   start();
   EXPECT_EQ(ProfileName, "");

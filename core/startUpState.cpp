@@ -37,8 +37,7 @@ void resetSettings() {
   GlobalSettings = {};
   allocateProfileDirList();
   allocateFileTypeTable();
-  ProfileList.ProfileNameList.redim(lastProfileSlot, false);
-  ProfileList.ProfileDateList.redim(lastProfileSlot, false);
+  ProfileList = {};
 }
 
 void resetCatalogue() {

@@ -46,5 +46,48 @@ TEST(Wildcards, AQuestionMarkStandsForOneCharacterOrNoneAtTheEnd) {
   EXPECT_FALSE(matchesWildcards("abcde", "ab??"));
 }
 
+TEST(Wildcards, AQuestionMarkStandsForOneCharacterWhateverItsLength) {
+  EXPECT_TRUE(matchesWildcards("m\u00FCsli", "m?sli"));
+  EXPECT_FALSE(matchesWildcards("m\u00FCsli", "m??sli"));
+  EXPECT_TRUE(matchesWildcards("\u20AC\U0001F600", "??"));
+  EXPECT_FALSE(matchesWildcards("\u20AC\U0001F600x", "??"));
+}
+
+TEST(Wildcards, AByteThatIsNoUtf8IsOneCharacter) {
+  EXPECT_TRUE(matchesWildcards("m\xFCsli", "m?sli"));
+  EXPECT_FALSE(matchesWildcards("m\xFC\xFCsli", "m?sli"));
+  EXPECT_TRUE(matchesWildcards("m\xFCsli", "m\xFCs*"));
+}
+
+TEST(Wildcards, NoWildcardSplitsACharacter) {
+  EXPECT_FALSE(matchesWildcards("\u00E9", "*\xA9"));
+  EXPECT_FALSE(matchesWildcards("\u00E9", "\xC3?"));
+}
+
+TEST(Wildcards, QuestionMarksBehindAStarMayStandForNothingAtTheEnd) {
+  EXPECT_TRUE(matchesWildcards("a", "a*??"));
+  EXPECT_TRUE(matchesWildcards("a", "a?*?"));
+  EXPECT_FALSE(matchesWildcards("ab", "*???b"));
+  EXPECT_TRUE(matchesWildcards("xxxb", "*???b"));
+}
+
+TEST(Wildcards, StarsTakeAsMuchAsTheRestLeavesThem) {
+  EXPECT_TRUE(matchesWildcards("abxabyab", "*ab*ab"));
+  EXPECT_TRUE(matchesWildcards("aab", "*ab"));
+  EXPECT_FALSE(matchesWildcards("abab", "*ab*ab*ab"));
+  EXPECT_TRUE(matchesWildcards("", "**"));
+  EXPECT_TRUE(matchesWildcards("", ""));
+  EXPECT_FALSE(matchesWildcards("", "*a"));
+}
+
+// Trying each star at each place would not end in a lifetime.
+TEST(Wildcards, ManyStarsAreSettledAtOnce) {
+  std::string pattern;
+  for (int star = 0; star < 100; ++star)
+    pattern += "*a";
+  EXPECT_FALSE(matchesWildcards(std::string(250, 'a') + "b", pattern));
+  EXPECT_TRUE(matchesWildcards(std::string(250, 'a'), pattern));
+}
+
 }  // namespace
 }  // namespace quernstoke

@@ -2,22 +2,16 @@
 
 namespace quernstoke {
 
-namespace {
-
-ProfileListRecord emptyProfileList() {
-  ProfileListRecord list;
-  list.ProfileNameList.redim(lastProfileSlot, false);
-  list.ProfileDateList.redim(lastProfileSlot, false);
-  return list;
-}
-
-}  // namespace
-
 ProfileSettingsRecord ProfileSettings;
 GlobalSettingsRecord GlobalSettings;
 Table<DirSpec> ProfileDirList;
 FileTypeTableRecord FileTypeTable;
-ProfileListRecord ProfileList = emptyProfileList();
+ProfileListRecord ProfileList;
+
+ProfileListRecord::ProfileListRecord() {
+  ProfileNameList.redim(lastProfileSlot, false);
+  ProfileDateList.redim(lastProfileSlot, false);
+}
 
 void allocateProfileDirList() {
   ProfileDirList.redim(lastDirSlot, false);

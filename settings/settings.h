@@ -66,6 +66,8 @@ struct FileTypeTableRecord {
 
 // The profiles there are, in slots 1 to 32, each with the date of its last scan as text.
 struct ProfileListRecord {
+  ProfileListRecord();
+
   Table<std::string> ProfileNameList;
   Table<std::string> ProfileDateList;
 };

@@ -7,12 +7,22 @@ namespace {
 
 using SettingsTest = EngineTest;
 
-TEST_F(SettingsTest, TablesHaveTheirSlotsFromTheStart) {
+// No procedure allocates it before the settings of the installation are read into it.
+TEST_F(SettingsTest, ProfileListHasItsSlotsFromTheStart) {
+  EXPECT_EQ(32, ProfileList.ProfileNameList.upperBound());
+  EXPECT_EQ(32, ProfileList.ProfileDateList.upperBound());
+}
+
+TEST_F(SettingsTest, AllocatingMakesTheSlots) {
+  ProfileDirList.redim(0, false);
+  FileTypeTable.FileTypeDescription.redim(0, false);
+  FileTypeTable.FileTypesList.redim(0, false);
+  allocateProfileDirList();
+  allocateFileTypeTable();
+
   EXPECT_EQ(128, ProfileDirList.upperBound());
   EXPECT_EQ(50, FileTypeTable.FileTypeDescription.upperBound());
   EXPECT_EQ(50, FileTypeTable.FileTypesList.upperBound());
-  EXPECT_EQ(32, ProfileList.ProfileNameList.upperBound());
-  EXPECT_EQ(32, ProfileList.ProfileDateList.upperBound());
 }
 
 TEST_F(SettingsTest, AllocatingEmptiesEverySlot) {
