@@ -2,6 +2,7 @@
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
+#include "catalogue/modUnzip.h"
 #include "core/log.h"
 #include "core/probes.h"
 #include "core/procedure.h"
@@ -37,6 +38,7 @@ void allocateTables() {
   releaseBlockPool();
   FilePointerArray.redim(0, false);
   allocateProfileDirList();
+  ZipEntryList.redim(roomOfListing, false);
   allocateFileTypeTable();
 }
 

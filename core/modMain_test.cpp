@@ -2,6 +2,7 @@
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
+#include "catalogue/modUnzip.h"
 #include "core/log.h"
 #include "core/startUpState.h"
 #include "detect/modLinkedList.h"
@@ -93,6 +94,7 @@ TEST_F(ModMainTest, EveryStartAllocatesTheTables) {
   FilePointerArray.redim(5, false);
   allocateBlockPool(16, 4);
   ProfileDirList.redim(0, false);
+  ZipEntryList.redim(0, false);
   FileTypeTable.FileTypeDescription.redim(0, false);
   FileTypeTable.FileTypesList.redim(0, false);
   TempUsedKB = 9;
@@ -105,6 +107,7 @@ TEST_F(ModMainTest, EveryStartAllocatesTheTables) {
   EXPECT_EQ(BlockPoolCount, 0);
   EXPECT_THROW(BlockPoolData[1], Failure);
   EXPECT_EQ(ProfileDirList.upperBound(), 128);
+  EXPECT_EQ(ZipEntryList.upperBound(), 128);
   EXPECT_EQ(FileTypeTable.FileTypeDescription.upperBound(), 50);
   EXPECT_EQ(FileTypeTable.FileTypesList.upperBound(), 50);
   EXPECT_EQ(TempUsedKB, 0);
