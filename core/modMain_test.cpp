@@ -78,10 +78,11 @@ TEST_F(ModMainTest, AStartWithoutALogEndsInTheBox) {
 
 TEST_F(ModMainTest, AStartThatCannotMakeADirectoryIsLoggedAndEndsInTheBox) {
   disk.erase("C:\\Quernstoke\\Profiles");
-  disk.failOn(DiskAction::makeDirectory, "C:\\Quernstoke\\Profiles", FailureNumber::pathFileAccess);
+  disk.failOn(DiskAction::makeDirectory, "C:\\Quernstoke\\Profiles",
+              FailureNumber::permissionDenied);
   start();
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'Main'.  Reason: Path/File access error(75)."));
+              ElementsAre("Procedure error in 'Main'.  Reason: Permission denied(70)."));
   EXPECT_THAT(logLines(), ElementsAre("Starting quernstoke"));
   EXPECT_THAT(windows, IsEmpty());
 }

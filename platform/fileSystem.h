@@ -57,7 +57,8 @@ class FileSystem {
   virtual std::unique_ptr<DirectoryListing> list(std::string_view directory, int mask) = 0;
   // Whether the path can be made the current directory; the current one is the same afterwards.
   virtual bool canEnter(std::string_view directory) = 0;
-  virtual void makeDirectory(std::string_view path) = 0;    // The last component only.
+  // The last component only. A path/file access error says that the path exists, and only that.
+  virtual void makeDirectory(std::string_view path) = 0;
   virtual void removeDirectory(std::string_view path) = 0;  // An empty one only.
 
   virtual int attributes(std::string_view path) = 0;

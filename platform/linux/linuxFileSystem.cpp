@@ -32,6 +32,15 @@ void check(int outcome, Subject subject) {
   if (outcome < 0) failWith(-outcome, subject);
 }
 
+// One number is kept for a path that exists. Whatever else stands against a new directory must not
+// pass for one that is there already.
+[[noreturn]] void failMaking(int error) {
+  const FailureNumber number = failureFor(error, Subject::directory);
+  if (error != EEXIST && number == FailureNumber::pathFileAccess)
+    fail(FailureNumber::permissionDenied);
+  fail(number);
+}
+
 // The facts of what a path leads to, through links.
 struct stat factsAt(const std::string& path) {
   struct stat facts;
@@ -139,11 +148,11 @@ bool LinuxFileSystem::canEnter(std::string_view directory) {
 void LinuxFileSystem::makeDirectory(std::string_view path) {
   constexpr mode_t permissions = 0777;
   const Place place = locate(toLinux(path));
-  if (place.exists) fail(FailureNumber::pathFileAccess);
-  if (place.error != ENOENT) failWith(place.error, Subject::directory);
-  check(
-      outcomeOf([&] { return ::mkdirat(place.directory.get(), place.name.c_str(), permissions); }),
-      Subject::directory);
+  if (place.exists) failMaking(EEXIST);
+  if (place.error != ENOENT) failMaking(place.error);
+  const int outcome =
+      outcomeOf([&] { return ::mkdirat(place.directory.get(), place.name.c_str(), permissions); });
+  if (outcome < 0) failMaking(-outcome);
 }
 
 void LinuxFileSystem::removeDirectory(std::string_view path) {

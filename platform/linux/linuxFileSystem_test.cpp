@@ -131,6 +131,19 @@ TEST_F(LinuxFiles, MakeDirectoriesInTheCaseGivenBelowParentsInAnyCase) {
   EXPECT_FAILURE(pathNotFound, files_.makeDirectory(at("none\\Child")));
 }
 
+// Who makes a row of directories passes those over that exist.
+TEST_F(LinuxFiles, ARefusedDirectoryDoesNotPassForOneThatExists) {
+  tree_.directory("closed/there");
+  tree_.link("loop", "loop");
+  EXPECT_FAILURE(permissionDenied, files_.makeDirectory(at("loop\\new")));
+  const WithoutPrivileges privileges(tree_);
+  if (!privileges.areInForce()) GTEST_SKIP() << "root may make everything";
+  ::chmod(tree_.path("closed").c_str(), 0500);
+  EXPECT_FAILURE(permissionDenied, files_.makeDirectory(at("closed\\new")));
+  EXPECT_FAILURE(pathFileAccess, files_.makeDirectory(at("closed\\there")));
+  ::chmod(tree_.path("closed").c_str(), 0700);
+}
+
 TEST_F(LinuxFiles, RemoveEmptyDirectoriesOnly) {
   tree_.file("full/file");
   tree_.directory("Empty");
