@@ -183,6 +183,10 @@ bool FlexGridModel::scrollsVertically() const {
   return scrollBars_ == ScrollBars::vertical || scrollBars_ == ScrollBars::both;
 }
 
+bool FlexGridModel::scrollsHorizontally() const {
+  return scrollBars_ == ScrollBars::horizontal || scrollBars_ == ScrollBars::both;
+}
+
 void FlexGridModel::setVisible(bool visible) {
   visible_ = visible;
   if (screen_) screen_->showGrid(visible);

@@ -109,6 +109,7 @@ class FlexGridModel {
   // The first row below the titles. It is never set further down than the last row needs.
   Int32 topRow() const { return topRow_; }
   void setTopRow(Int32 row);
+  Int32 lastTopRow() const;
   void scrollIntoView(Int32 row);
   Int32 wholeRowsOnScreen() const;
   // Whether the whole row is on the screen. False for a row that isn't there.
@@ -126,6 +127,7 @@ class FlexGridModel {
   ScrollBars scrollBars() const { return scrollBars_; }
   void setScrollBars(ScrollBars bars);
   bool scrollsVertically() const;
+  bool scrollsHorizontally() const;
 
   bool visible() const { return visible_; }
   bool enabled() const { return enabled_; }
@@ -146,7 +148,6 @@ class FlexGridModel {
   std::size_t rowIndex(Int32 row) const;
   std::size_t colIndex(Int32 col) const;
   void setTitle(Int32 col, std::string_view title);
-  Int32 lastTopRow() const;
   void changed();
 
   GridScreen* screen_ = nullptr;

@@ -3,22 +3,16 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QInputDialog>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTimer>
 #include <functional>
 #include <gtest/gtest.h>
 
+#include "testing/qt/input.h"
+
 namespace quernstoke {
 namespace {
-
-void pressKey(QWidget& widget, int key) {
-  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-  QApplication::sendEvent(&widget, &press);
-  QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier);
-  QApplication::sendEvent(&widget, &release);
-}
 
 class QtDialogsTest : public testing::Test {
  protected:
@@ -37,7 +31,7 @@ class QtDialogsTest : public testing::Test {
     whenShown<QMessageBox>([button](QMessageBox& box) { box.button(button)->click(); });
   }
   static void willPressKey(int key) {
-    whenShown<QMessageBox>([key](QMessageBox& box) { pressKey(box, key); });
+    whenShown<QMessageBox>([key](QMessageBox& box) { typeKey(box, key); });
   }
 
   QtDialogs dialogs;
