@@ -49,6 +49,11 @@ struct stat factsAt(const std::string& path) {
   return facts;
 }
 
+// Read-only is a wish to keep the file as it is, whatever the system would allow.
+bool isKept(const struct stat& facts) {
+  return S_ISREG(facts.st_mode) && (facts.st_mode & S_IWUSR) == 0;
+}
+
 std::string_view lastComponent(std::string_view path) {
   return path.substr(path.rfind('/') + 1);  // With no slash at all, npos + 1 is 0.
 }
@@ -94,6 +99,16 @@ int openOrCreate(const std::string& path, OpenMode mode) {
     return outcomeOf([&] { return ::openat(place.directory.get(), place.name.c_str(), flags); });
   if (place.error == ENOENT && createsMissing(mode)) return createFile(place, flags);
   return -place.error;
+}
+
+bool isWritable(OpenMode mode) {
+  return mode != OpenMode::input && mode != OpenMode::sharedBinary;
+}
+
+void refuseKeptFile(const std::string& path) {
+  struct stat facts;
+  const auto look = [&](int at, const char* name) { return ::fstatat(at, name, &facts, 0); };
+  if (atPath(path, look) >= 0 && isKept(facts)) fail(FailureNumber::pathFileAccess);
 }
 
 // Scanned files skip the question: reading what is no regular file fails soon enough.
@@ -198,13 +213,11 @@ DateTime LinuxFileSystem::modified(std::string_view path) {
 }
 
 void LinuxFileSystem::remove(std::string_view path) {
-  // Read-only is a wish to keep the file, whatever the directory would allow.
   check(atPath(toLinux(path),
                [](int at, const char* name) {
                  struct stat facts;
                  if (::fstatat(at, name, &facts, AT_SYMLINK_NOFOLLOW) != 0) return -1;
-                 if (S_ISREG(facts.st_mode) && (facts.st_mode & S_IWUSR) == 0)
-                   fail(FailureNumber::pathFileAccess);
+                 if (isKept(facts)) fail(FailureNumber::pathFileAccess);
                  return ::unlinkat(at, name, 0);
                }),
         Subject::file);
@@ -230,6 +243,7 @@ void LinuxFileSystem::rename(std::string_view from, std::string_view to) {
 
 FileNumber LinuxFileSystem::open(std::string_view path, OpenMode mode) {
   const std::string& linuxPath = toLinux(path);
+  if (isWritable(mode)) refuseKeptFile(linuxPath);
   const int outcome = openOrCreate(linuxPath, mode);
   if (outcome < 0 && mode == OpenMode::sharedBinary) tally_.unreadable.insert(linuxPath);
   check(outcome, Subject::file);
