@@ -80,7 +80,7 @@ Int16 basDetermineHelpState(Int32 gridRows, Int32 tickedOptions) {
   });
 }
 
-std::array<StatusPanel, 5> mainStatusPanels() {
+std::array<PanelText, 5> mainStatusPanels() {
   const std::string duplicates = DuplicateCount == -1 ? "?" : toText(DuplicateCount);
   return {{{1, "Profile: " + ProfileName, "150"},
            {3, "Files: " + toText(FileCount), "151"},

@@ -24,14 +24,14 @@ void basDisplayHelp(Int16 helpId, TaggedControl& frame, TextControl& textBox);
 // header, and of whose match options `tickedOptions` are ticked.
 Int16 basDetermineHelpState(Int32 gridRows, Int32 tickedOptions);
 
-// A panel of the main window's status bar. Its tag is the number of its help text.
-struct StatusPanel {
+// What a panel of the main window's status bar shows. The tag is the number of its help text.
+struct PanelText {
   int number;
   std::string text;
   std::string_view tag;
 };
 
 // The panels that carry text, in the order in which they are set. Those between are separators.
-std::array<StatusPanel, 5> mainStatusPanels();
+std::array<PanelText, 5> mainStatusPanels();
 
 }  // namespace quernstoke

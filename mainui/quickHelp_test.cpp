@@ -165,7 +165,7 @@ TEST_F(MainStatusBarTest, OddPanelsCarryTheFiguresAndTheirHelp) {
   DuplicateCount = 56;
   std::vector<int> numbers;
   std::vector<std::string> texts, tags;
-  for (const StatusPanel& panel : mainStatusPanels()) {
+  for (const PanelText& panel : mainStatusPanels()) {
     numbers.push_back(panel.number);
     texts.push_back(panel.text);
     tags.emplace_back(panel.tag);

@@ -1,0 +1,189 @@
+#include "controls/flexGridPainter.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
+#include <QStyleOptionHeader>
+#include <QWidget>
+#include <algorithm>
+
+#include "controls/flexGridModel.h"
+#include "controls/gridLayout.h"
+#include "platform/qt/qtText.h"
+
+namespace quernstoke {
+
+namespace {
+
+Qt::Alignment qtAlignment(CellAlignment alignment) {
+  switch (alignment) {
+    case CellAlignment::leftCentre:
+      return Qt::AlignLeft | Qt::AlignVCenter;
+    case CellAlignment::centreTop:
+      return Qt::AlignHCenter | Qt::AlignTop;
+    case CellAlignment::centreCentre:
+      return Qt::AlignCenter;
+    case CellAlignment::centreBottom:
+      return Qt::AlignHCenter | Qt::AlignBottom;
+    case CellAlignment::rightCentre:
+      return Qt::AlignRight | Qt::AlignVCenter;
+  }
+  return Qt::AlignCenter;
+}
+
+QPalette::ColorGroup coloursOf(const QWidget& widget) {
+  if (!widget.isEnabled()) return QPalette::Disabled;
+  return widget.isActiveWindow() ? QPalette::Active : QPalette::Inactive;
+}
+
+// The state that the style may not know of: it would light the titles up under the pointer.
+void initialise(QStyleOption& option, const QWidget& widget) {
+  option.initFrom(&widget);
+  option.state &= ~(QStyle::State_MouseOver | QStyle::State_HasFocus);
+}
+
+}  // namespace
+
+FlexGridPainter::FlexGridPainter(QPainter& painter, const FlexGridModel& grid,
+                                 const GridLayout& layout, const GridPictures& pictures,
+                                 const QWidget& widget)
+    : painter_(painter),
+      grid_(grid),
+      layout_(layout),
+      pictures_(pictures),
+      widget_(widget),
+      colours_(coloursOf(widget)),
+      margin_(gridTextMargin(widget)) {}
+
+void FlexGridPainter::paint(const QRect& area) {
+  const int first = std::max(layout_.nearestRow(area.top()), layout_.topRow);
+  const int last = std::min(layout_.nearestRow(area.bottom()), layout_.rows - 1);
+  for (int row = first; row <= last; ++row)
+    paintRow(row, area);
+  paintFocus();
+  if (area.top() < layout_.headerHeight) paintTitles();
+}
+
+void FlexGridPainter::paintRow(int row, const QRect& area) {
+  const int first = layout_.nearestCol(area.left());
+  const int last = layout_.nearestCol(area.right());
+  for (int col = first; col <= last; ++col)
+    paintCell(row, col);
+}
+
+void FlexGridPainter::paintCell(int row, int col) {
+  const QRect rect = layout_.cellRect(row, col);
+  if (rect.isEmpty()) return;
+  const GridCell& cell = grid_.cell(row, col);
+  const QPalette& palette = widget_.palette();
+  QColor text = palette.color(colours_, QPalette::Text);
+  if (grid_.isSelected(row, col)) {
+    painter_.fillRect(rect, palette.color(colours_, QPalette::Highlight));
+    text = palette.color(colours_, QPalette::HighlightedText);
+  } else {
+    if (cell.backColour) {
+      painter_.fillRect(rect, QColor::fromRgb(*cell.backColour));
+      text = Qt::black;  // The desktop's may be unreadable on it.
+    }
+    if (cell.foreColour) text = QColor::fromRgb(*cell.foreColour);
+  }
+  painter_.setPen(text);
+  paintPicture(cell, rect);
+  paintText(cell, qtAlignment(grid_.alignmentOf(row, col)), rect);
+}
+
+void FlexGridPainter::paintText(const GridCell& cell, Qt::Alignment alignment, const QRect& rect) {
+  if (cell.text.empty()) return;
+  QFont font = widget_.font();
+  if (cell.bold) font.setBold(true);
+  if (cell.strikeThrough) font.setStrikeOut(true);
+  painter_.setFont(font);
+  const QRect inner = rect.adjusted(margin_, 0, -margin_, 0);
+  const QString shown =
+      painter_.fontMetrics().elidedText(qtText(cell.text), Qt::ElideRight, inner.width());
+  painter_.drawText(inner, static_cast<int>(alignment) | Qt::TextSingleLine, shown);
+}
+
+void FlexGridPainter::paintPicture(const GridCell& cell, const QRect& rect) {
+  const auto found = pictures_.find(cell.picture);
+  if (found == pictures_.end()) return;
+  // At the very edge of the cell: two halves of one picture meet across two rows.
+  const QRect place = QStyle::alignedRect(Qt::LeftToRight, qtAlignment(cell.pictureAlignment),
+                                          found->second.size, rect);
+  painter_.save();
+  painter_.setClipRect(rect, Qt::IntersectClip);
+  found->second.icon.paint(&painter_, place, Qt::AlignCenter,
+                           widget_.isEnabled() ? QIcon::Normal : QIcon::Disabled);
+  painter_.restore();
+}
+
+void FlexGridPainter::paintFocus() {
+  if (!widget_.hasFocus() || grid_.row() < grid_.topRow()) return;
+  const int row = grid_.row().raw(), col = grid_.col().raw();
+  QStyleOptionFocusRect option;
+  option.initFrom(&widget_);
+  option.rect = layout_.cellRect(row, col);
+  option.state |= QStyle::State_KeyboardFocusChange;
+  option.backgroundColor = widget_.palette().color(
+      colours_, grid_.isSelected(row, col) ? QPalette::Highlight : QPalette::Base);
+  if (!option.rect.isEmpty())
+    widget_.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter_, &widget_);
+}
+
+void FlexGridPainter::paintTitles() {
+  for (int col = 0; col < layout_.cols(); ++col)
+    paintTitle(col);
+  paintBesideTitles();
+}
+
+void FlexGridPainter::paintTitle(int col) {
+  const GridCell& cell = grid_.cell(0, col);
+  QStyleOptionHeader option;
+  initialise(option, widget_);
+  option.rect = layout_.cellRect(0, col);
+  if (option.rect.isEmpty()) return;
+  option.state |= QStyle::State_Raised | QStyle::State_Horizontal;
+  option.orientation = Qt::Horizontal;
+  option.section = col;
+  option.position = col == 0 ? QStyleOptionHeader::Beginning : QStyleOptionHeader::Middle;
+  widget_.style()->drawControl(QStyle::CE_HeaderSection, &option, &painter_, &widget_);
+  paintPicture(cell, option.rect);
+
+  option.rect.adjust(margin_, 0, -margin_, 0);
+  option.textAlignment = qtAlignment(grid_.alignmentOf(0, col));
+  option.text =
+      option.fontMetrics.elidedText(qtText(cell.text), Qt::ElideRight, option.rect.width());
+  painter_.setFont(widget_.font());
+  widget_.style()->drawControl(QStyle::CE_HeaderLabel, &option, &painter_, &widget_);
+}
+
+void FlexGridPainter::paintBesideTitles() {
+  QStyleOption option;
+  initialise(option, widget_);
+  option.rect = QRect(layout_.edges.back(), 0, widget_.width(), layout_.headerHeight);
+  option.state |= QStyle::State_Horizontal;
+  widget_.style()->drawControl(QStyle::CE_HeaderEmptyArea, &option, &painter_, &widget_);
+}
+
+int gridTextMargin(const QWidget& widget) {
+  constexpr int space = 2;  // Numbers at the right would touch the text of the next column.
+  return widget.style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &widget) + space;
+}
+
+int gridTitleHeight(const QWidget& widget) {
+  QStyleOptionHeader option;
+  option.initFrom(&widget);
+  option.text = "X";
+  const QStyle& style = *widget.style();
+  const QSize size = style.sizeFromContents(QStyle::CT_HeaderSection, &option, QSize(), &widget);
+  return std::max(size.height(), gridRowHeight(widget));
+}
+
+int gridRowHeight(const QWidget& widget) {
+  constexpr int smallPicture = 16;
+  constexpr int space = 4;
+  return std::max(widget.fontMetrics().height(), smallPicture) + space;
+}
+
+}  // namespace quernstoke

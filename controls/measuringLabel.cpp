@@ -1,0 +1,24 @@
+#include "controls/measuringLabel.h"
+
+#include <QFontMetrics>
+
+#include "controls/units.h"
+#include "platform/qt/qtText.h"
+
+namespace quernstoke {
+
+MeasuringLabel::MeasuringLabel(QWidget* parent) : QLabel(parent) {
+  hide();  // Also when its window is shown.
+}
+
+std::int32_t MeasuringLabel::width(std::string_view text) const {
+  return twipsFromPixels(QFontMetrics(font()).horizontalAdvance(qtText(text)));
+}
+
+void MeasuringLabel::setBold(bool bold) {
+  QFont changed = font();
+  changed.setBold(bold);
+  setFont(changed);
+}
+
+}  // namespace quernstoke
