@@ -12,6 +12,7 @@
 #include "detect/modLinkedList.h"
 #include "detect/refinement.h"
 #include "detect/tempStore.h"
+#include "mainui/quickHelp.h"
 #include "progress/scanStatus.h"
 #include "results/matchGroupIndex.h"
 #include "settings/settings.h"
@@ -25,7 +26,7 @@ void resetCore() {
        {&AppPath, &ExeName, &ProfilesDir, &TempDir, &ProfileName, &CommandLineProfile})
     text->clear();
   LogFileNumber = 0;
-  RunState = StartMode = ScanAttributes = CurrentMatchNum = ContentPercentLimit = 0;
+  RunState = StartMode = ScanAttributes = CurrentMatchNum = ContentPercentLimit = HelpState = 0;
   MatchByName = MatchByContent = MatchBySize = ScanDetailsShown = false;
   ScanStartTime = EstimatedEndTime = {};
   MinSizeBytes = MaxSizeBytes = DiskFreeBytes = {};

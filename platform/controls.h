@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace quernstoke {
@@ -18,6 +19,20 @@ class OptionControl {
   virtual ~OptionControl() = default;
   virtual void setEnabled(bool enabled) = 0;
   virtual void select() = 0;  // Also takes the selection off the other options of the frame.
+};
+
+// A control that carries a text of the program's own, which nobody sees.
+class TaggedControl {
+ public:
+  virtual ~TaggedControl() = default;
+  virtual std::string tag() const = 0;
+  virtual void setTag(std::string_view tag) = 0;
+};
+
+class TextControl {
+ public:
+  virtual ~TextControl() = default;
+  virtual void setText(std::string_view text) = 0;
 };
 
 // A list whose items carry a number. Positions count from 0.

@@ -188,4 +188,18 @@ class ScriptedOption : public OptionControl {
   void select() override { selected = true; }
 };
 
+class ScriptedTag : public TaggedControl {
+ public:
+  std::string text;
+  std::string tag() const override { return text; }
+  void setTag(std::string_view tag) override { text = tag; }
+};
+
+// Keeps all the texts that were put into it.
+class ScriptedTextBox : public TextControl {
+ public:
+  std::vector<std::string> texts;
+  void setText(std::string_view text) override { texts.emplace_back(text); }
+};
+
 }  // namespace quernstoke

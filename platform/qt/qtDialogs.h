@@ -11,8 +11,8 @@ namespace quernstoke {
 // button is the default one; closing a box answers like its last button.
 class QtDialogs final : public Dialogs {
  public:
-  Answer messageBox(std::string_view text, Buttons buttons, std::string_view title,
-                    Icon icon) override;
+  Answer messageBox(std::string_view text, Buttons buttons = Buttons::ok,
+                    std::string_view title = {}, Icon icon = Icon::none) override;
   std::string inputBox(std::string_view prompt, std::string_view title,
                        std::string_view preset) override;
   void beep() override;

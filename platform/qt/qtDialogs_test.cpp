@@ -50,6 +50,16 @@ TEST_F(QtDialogsTest, ShowsTextAndTitle) {
   EXPECT_EQ(title, "Error");
 }
 
+TEST_F(QtDialogsTest, ShowsTheIconAskedFor) {
+  QMessageBox::Icon shown = QMessageBox::NoIcon;
+  whenShown<QMessageBox>([&](QMessageBox& box) {
+    shown = box.icon();
+    box.button(QMessageBox::Cancel)->click();
+  });
+  dialogs.messageBox("text", Buttons::yesNoCancel, "", Icon::exclamation);
+  EXPECT_EQ(shown, QMessageBox::Warning);
+}
+
 TEST_F(QtDialogsTest, AnEmptyTitleIsTheProgramsName) {
   QString title;
   whenShown<QMessageBox>([&](QMessageBox& box) {
