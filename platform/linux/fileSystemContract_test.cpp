@@ -223,6 +223,10 @@ TYPED_TEST(FileSystemContractTest, ReadPastTheEndGivesWhatThereIs) {
   EXPECT_EQ("5234", bytes);
   EXPECT_TRUE(this->files_.atEnd(file));
   EXPECT_EQ(0U, this->files_.read(file, bytes));
+  this->makeFile("file", "123456789");
+  EXPECT_EQ(4U, this->files_.read(file, bytes));
+  EXPECT_EQ("6789", bytes);
+  EXPECT_FALSE(this->files_.atEnd(file));
 
   this->files_.seek(file, 1);
   EXPECT_FALSE(this->files_.atEnd(file));
