@@ -121,7 +121,7 @@ TYPED_TEST(FileSystemContractTest, OnlyEmptyDirectoriesAreRemoved) {
   EXPECT_FAILURE(pathFileAccess, this->files_.removeDirectory(this->at("made\\file")));
   EXPECT_FAILURE(pathFileAccess, this->files_.remove(this->at("made")));
   this->files_.remove(this->at("made\\file"));
-  this->files_.removeDirectory(this->at("made"));
+  this->files_.removeDirectory(this->at("MADE"));
   EXPECT_FALSE(this->files_.canEnter(this->at("made")));
 }
 
@@ -223,6 +223,10 @@ TYPED_TEST(FileSystemContractTest, ReadPastTheEndGivesWhatThereIs) {
   EXPECT_EQ("5234", bytes);
   EXPECT_TRUE(this->files_.atEnd(file));
   EXPECT_EQ(0U, this->files_.read(file, bytes));
+  this->makeFile("file", "123456789");
+  EXPECT_EQ(4U, this->files_.read(file, bytes));
+  EXPECT_EQ("6789", bytes);
+  EXPECT_FALSE(this->files_.atEnd(file));
 
   this->files_.seek(file, 1);
   EXPECT_FALSE(this->files_.atEnd(file));
