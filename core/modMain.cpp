@@ -23,6 +23,7 @@ std::string ExeName;
 std::string ProfilesDir;
 std::string TempDir;
 std::string ProfileName;
+std::string ProcessCommandLine;
 std::string CommandLineProfile;
 
 namespace {
