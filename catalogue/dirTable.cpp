@@ -52,7 +52,8 @@ template <class Fits>
 Int32 DirectoryTable::findFirst(std::string_view name, Int32 last, Fits fits) const {
   const std::uint32_t wanted = hashOf(name);
   const std::uint32_t* hashes = hashes_.data();
-  const auto end = static_cast<std::size_t>(last.raw()) + 1;
+  // After a damaged file of directories DirCount may be anything.
+  const auto end = static_cast<std::size_t>(std::clamp(last, Int32(0), upperBound()).raw()) + 1;
   for (std::size_t start = 1; start < end; start += stretch) {
     const std::size_t stop = std::min(start + stretch, end);
     if (stop - start == stretch && !holds(hashes + start, wanted)) continue;

@@ -151,6 +151,14 @@ TEST_F(DirTableTest, NamesThatAResizeTookAwayAreNotFound) {
   EXPECT_EQ(-1, basFindDirInList("b"));
 }
 
+TEST_F(DirTableTest, CountBeyondTheTableFindsNoFolder) {
+  DirTable.redim(2, false);
+  for (const int count : {-3, 1000}) {
+    DirCount = count;
+    EXPECT_EQ(DirTable.findFolder("docs", 1), -1);
+  }
+}
+
 TEST_F(DirTableTest, ReplacedNameIsNotFoundAnyMore) {
   add("a");
   DirTable.set(1, {"b", dirKind::directory, noParent});

@@ -256,6 +256,33 @@ TEST_F(ScanDriverTest, TheTempSpaceIsRoundedToKilobytesAHalfToTheEvenOne) {
   EXPECT_EQ(budget(4, "GB"), 4194304);
 }
 
+TEST_F(ScanDriverTest, ATempSpaceThatOverflowsIsNoneAndTheScanGoesOn) {
+  GlobalSettings.TransferMaxDiskSpace = 2048;
+  GlobalSettings.TransferMaxDiskSpaceMeasure = "MB";
+  basStartScan();
+  EXPECT_EQ(TempSpaceBudgetKB, 0);
+  EXPECT_EQ(RunState, runState::finished);
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre("Procedure error in 'basConvertSize'.  Reason: Overflow(6)."));
+}
+
+// What an earlier scan left in the temp directory still takes its room.
+TEST_F(ScanDriverTest, TheTempSpaceInUseIsCarriedFromScanToScan) {
+  TempUsedKB = 7;
+  basStartScan();
+  EXPECT_EQ(TempUsedKB, 7);
+}
+
+// Only a continued scan keeps the lists; but without a mode they are not emptied before the walk.
+TEST_F(ScanDriverTest, AScanWithoutAModeWalksAndAddsToTheLists) {
+  disk.file("C:\\Data\\a.txt", "same");
+  buildCatalogue({{"old.txt", "C:\\Old", 4}});
+  StartMode = startMode::none;
+  at("Building file list...  ", [] { EXPECT_EQ(FileCount, 1); });
+  basDoScan();
+  EXPECT_NE(basFindDirInList("C:\\Data"), -1);
+}
+
 TEST_F(ScanDriverTest, ASizeThatOverflowsBecomesZeroAndTheScanGoesOn) {
   twoEqualFiles();
   ProfileSettings.MaximumSize = 2048;

@@ -128,6 +128,13 @@ TEST_F(SystemTest, ADriveThatDoesNotAnswerHasNoRootAndNoSpace) {
   EXPECT_EQ(DiskFreeBytes, FixedPoint());
 }
 
+// As some file systems that keep nothing answer.
+TEST_F(SystemTest, ADriveOfNoSizeIsNeitherFreeNorUsed) {
+  desk.space = DiskSpace{1, 512, 0, 0};
+  EXPECT_EQ(basGetDiskSpace("C:\\", "FREEPCNT"), "0.00%");
+  EXPECT_EQ(basGetDiskSpace("C:\\", "USEDPCNT"), "0.00%");
+}
+
 TEST_F(SystemTest, LargeDrivesAreCountedInFull) {
   desk.space = DiskSpace{64, 512, 100000000, 100000000};
   EXPECT_EQ(basGetDiskSpace("C:\\", "TOTALBYTES"), "3,276,800,000,000");

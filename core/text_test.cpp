@@ -66,6 +66,12 @@ TEST_F(TextTest, ValuesBecomeText) {
   EXPECT_EQ(toText(false), "False");
 }
 
+TEST_F(TextTest, LettersBeyondAsciiHaveTwoCasesToo) {
+  EXPECT_TRUE(equalIgnoringCase("C:\\\u00D6b", "c:\\\u00F6B"));
+  EXPECT_TRUE(startsWithIgnoringCase("C:\\\u00D6b\\c", "c:\\\u00F6B"));
+  EXPECT_FALSE(equalIgnoringCase("\u00D6", "a"));
+}
+
 TEST_F(TextTest, ComparesWithoutRegardToCase) {
   EXPECT_TRUE(equalIgnoringCase("Music", "mUSIC"));
   EXPECT_FALSE(equalIgnoringCase("Music", "Musi"));

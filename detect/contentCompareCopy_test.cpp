@@ -255,6 +255,19 @@ TEST_F(ContentOfZipEntryTest, EntryIsNotMistakenForAFileOfItsPath) {
   EXPECT_EQ(timesOpened("C:\\other\\b"), 0);
 }
 
+TEST_F(ContentOfZipEntryTest, EntryIsExtractedOnceAndItsCopyNoted) {
+  makeGroup({blocks("a"), blocks("a")});
+  makeEntryOf(secondary, "docs/old");
+  archiveLibrary.contents["C:\\d\\gone.zip"] = {{"docs/old/b", blocks("a")}};
+  TempSpaceBudgetKB = 100;
+  compare();
+  EXPECT_EQ(FileTable.FileLocalName[secondary],
+            "C:\\Quernstoke\\Temp\\TMP" + std::to_string(TempFileCounter.raw() - 1));
+  EXPECT_EQ(disk.content(std::string(FileTable.FileLocalName[secondary])), blocks("a"));
+  compare();
+  EXPECT_EQ(archiveLibrary.calls.size(), 1U);
+}
+
 // Rows that a growing table added say of block 0 that it is in the copy.
 TEST_F(ContentOfZipEntryTest, EntryOfOneBlockInAnAddedRowIsComparedFromItsCopy) {
   makeGroup({blocks("a"), blocks("a")});

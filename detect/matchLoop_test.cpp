@@ -141,6 +141,24 @@ TEST_F(MatchLoopTest, EmptyPrimaryMatchesAnyContentOfItsName) {
   EXPECT_EQ(ActualReads, 0);
 }
 
+TEST_F(MatchLoopTest, EmptyFilesOfOneNameMatch) {
+  MatchByContent = true;
+  prepare("NAME", {{"a", data, 0}, {"a", "C:\\More", 0}});
+  basCompareFiles("NAME");
+
+  EXPECT_THAT(matchNumbers(), ElementsAre(0, 0));
+}
+
+TEST_F(MatchLoopTest, EmptyFileIsNoMatchOfALongerPrimary) {
+  disk.file("C:\\Data\\a", "1111");
+  disk.file("C:\\More\\a", "");
+  MatchByContent = true;
+  prepare("NAME", {{"a", data, 4}, {"a", "C:\\More", 0}});
+  basCompareFiles("NAME");
+
+  EXPECT_THAT(matchNumbers(), ElementsAre(noMatch, noMatch));
+}
+
 TEST_F(MatchLoopTest, ContentIsComparedInANamePassToo) {
   disk.file("C:\\Data\\a", "1111");
   disk.file("C:\\More\\a", "2222");

@@ -1,7 +1,6 @@
 #include "detect/tempStore.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 #include "catalogue/modUnzip.h"
@@ -41,19 +40,11 @@ void orLog(Statement statement, Message message) {
   }
 }
 
-void unpackIntoTempDir(const std::string& zipPath, std::string entry, const std::string& target) {
-  // The extraction leaves the entry as it was asked for, brackets escaped, and so it is logged.
-  if (basZipExtract(zipPath, entry) != 0)
-    basLogMsg("Unable to extract file " + entry + " from zip file " + zipPath +
-              ". Reason: " + ZipMessages);
-  else
-    ignoringFailure([&] { files().clearAttributes(target); });
-}
-
-// Whether a file lies at a path. Fails if that can't be told.
-bool fileLiesAt(const std::string& path) {
+// Whether anything has this path, letter case apart. Fails if that can't be told.
+bool isTaken(const std::string& path) {
   try {
-    return (files().attributes(path) & attributeArchive) != 0;
+    files().attributes(path);
+    return true;
   } catch (const Failure& failure) {
     if (failure.is(FailureNumber::fileNotFound) || failure.is(FailureNumber::pathNotFound))
       return false;
@@ -61,40 +52,25 @@ bool fileLiesAt(const std::string& path) {
   }
 }
 
-// A file of the temp directory that has the name of an entry to be extracted. As it may be a
-// person's own, it is out of the way meanwhile, and has its name back afterwards.
-class SetAside {
- public:
-  explicit SetAside(const std::string& path) : path_(path) {
-    if (!fileLiesAt(path)) return;
-    Int32 number = 1;
-    while (fileLiesAt(asideName(number)))
-      ++number;
-    std::string name = asideName(number);
-    files().rename(path, name);
-    aside_ = std::move(name);
-  }
-  ~SetAside() {
-    if (aside_.empty()) return;
-    ignoringFailure([&] {
-      // An entry that could not be moved away would keep the name.
-      if (fileLiesAt(path_)) files().remove(path_);
-    });
-    if (ignoringFailure([&] { files().rename(aside_, path_); }) != 0)
-      basLogMsg("Unable to rename file " + aside_ + " back to " + path_);
-  }
-  SetAside(const SetAside&) = delete;
-  SetAside& operator=(const SetAside&) = delete;
+void logFailedExtraction(const std::string& entry, const std::string& zipPath,
+                         const std::string& reason) {
+  basLogMsg("Unable to extract file " + entry + " from zip file " + zipPath +
+            ". Reason: " + reason);
+}
 
- private:
-  static std::string asideName(Int32 number) { return TempDir + "\\KEPT" + toText(number); }
-
-  std::string path_;
-  std::string aside_;
-};
+// Returns whether it succeeded.
+bool unpackIntoTempDir(const std::string& zipPath, std::string entry, const std::string& target) {
+  // The extraction leaves the entry as it was asked for, brackets escaped, and so it is logged.
+  if (basZipExtract(zipPath, entry) != 0) {
+    logFailedExtraction(entry, zipPath, ZipMessages);
+    return false;
+  }
+  ignoringFailure([&] { files().clearAttributes(target); });
+  return true;
+}
 
 std::string moveToTempName(const std::string& extracted) {
-  while (basFileExists(tempName(TempFileCounter)))
+  while (isTaken(tempName(TempFileCounter)))
     ++TempFileCounter;
   files().rename(extracted, tempName(TempFileCounter));
   return tempName(TempFileCounter);
@@ -151,7 +127,7 @@ FileNumber basOpenTempFile(std::string& name) {
       do {
         path = tempName(TempFileCounter);
         ++TempFileCounter;
-      } while (basFileExists(path));
+      } while (isTaken(path));
       name = path;
     }
     return files().open(path, OpenMode::binary);
@@ -171,11 +147,16 @@ std::string basExtractZipEntry(const std::string& zipPath, const std::string& in
       dialogs().messageBox("Temp directory Full. File not extracted from Zip or compared");
       return {};
     }
+    const std::string entry = innerDir.empty() ? fileName : innerDir + "/" + fileName;
     const std::string extracted = TempDir + "\\" + fileName;
-    std::optional<SetAside> inTheWay;
-    if (!keepName) inTheWay.emplace(extracted);
-    unpackIntoTempDir(zipPath, innerDir.empty() ? fileName : innerDir + "/" + fileName, extracted);
-    if (!basFileExists(extracted)) return {};
+    // What lies there already may be a person's own, and must not pass for the entry.
+    const bool wasThere = isTaken(extracted);
+    if (wasThere && !keepName) {
+      logFailedExtraction(entry, zipPath, extracted + " exists");
+      return {};
+    }
+    const bool succeeded = unpackIntoTempDir(zipPath, entry, extracted);
+    if ((wasThere && !succeeded) || !basFileExists(extracted)) return {};
 
     std::string result = keepName ? extracted : moveToTempName(extracted);
     TempUsedKB += Int32(files().length(result)) / bytesPerKB;
@@ -187,7 +168,10 @@ std::string basExtractZipEntry(const std::string& zipPath, const std::string& in
 void basDeleteTempFile(const std::string& path) {
   procedure("basDeleteTempFile", [&] {
     if (path.empty() || !path.starts_with(TempDir)) return;
-    std::string rest = path.substr(std::min(TempDir.size() + 1, path.size()));
+    std::string rest = path.substr(TempDir.size());
+    // Another directory's name may begin like that of TempDir.
+    if (rest.find_first_of("\\/") != 0) return;
+    rest.erase(0, rest.find_first_not_of("\\/"));
     if (leadsUpward(rest)) return;
     while (!rest.empty()) {
       deleteInTempDir(TempDir + "\\" + rest);

@@ -88,10 +88,6 @@ class TempEntryTest : public TempStoreTest {
                       const std::string& archive = "C:\\d\\a.zip") {
     return basExtractZipEntry(archive, folder, "a.txt", keepName);
   }
-  // Of an archive that is not there.
-  std::string extractInVain(const std::string& folder = "in") {
-    return extract(false, folder, "C:\\d\\gone.zip");
-  }
 };
 
 TEST_F(TempEntryTest, FailedExtractionIsLoggedWithWhatTheArchiveSaid) {
@@ -187,50 +183,47 @@ TEST_F(TempEntryTest, EntryKeepsItsNameIfAskedTo) {
 }
 
 // The temp directory may be one in which a person keeps files.
-TEST_F(TempEntryTest, FileThatWasThereBeforeKeepsItsNameAndContent) {
-  disk.file(inTempDir("a.txt"), "a person's");
-  disk.file(inTempDir("KEPT1"), "another");
-  EXPECT_EQ(disk.content(extract()), "one");
-  EXPECT_EQ(disk.content(inTempDir("a.txt")), "a person's");
-  EXPECT_EQ(disk.content(inTempDir("KEPT1")), "another");
-  EXPECT_THAT(disk.names(temp), testing::UnorderedElementsAre("a.txt", "KEPT1", "TMP1"));
-}
-
-TEST_F(TempEntryTest, FileThatWasThereBeforeIsNotTakenForTheEntry) {
-  disk.file(inTempDir("a.txt"), "a person's");
-  EXPECT_EQ(extractInVain(), "");
-  EXPECT_EQ(disk.content(inTempDir("a.txt")), "a person's");
+TEST_F(TempEntryTest, FileOfAPersonIsNeitherOverwrittenNorTakenForTheEntry) {
+  for (const char* name : {"a.txt", "A.TXT"}) {
+    disk.file(inTempDir(name), "a person's");
+    EXPECT_EQ(extract(), "") << name;
+    EXPECT_EQ(disk.content(inTempDir(name)), "a person's") << name;
+    EXPECT_THAT(disk.names(temp), ElementsAre(name));
+    disk.erase(inTempDir(name));
+  }
+  EXPECT_THAT(archiveLibrary.calls, IsEmpty());
+  EXPECT_THAT(logLines(),
+              testing::Each("Unable to extract file in/a.txt from zip file C:\\d\\a.zip. Reason: " +
+                            inTempDir("a.txt") + " exists"));
 }
 
 TEST_F(TempEntryTest, NothingIsExtractedWhereAFileCannotBeLookedAt) {
-  disk.file(inTempDir("a.txt"), "a person's");
   disk.failOn(DiskAction::attributes, inTempDir("a.txt"), FailureNumber::deviceError);
   EXPECT_EQ(extract(), "");
-  EXPECT_EQ(disk.content(inTempDir("a.txt")), "a person's");
   EXPECT_THAT(archiveLibrary.calls, IsEmpty());
   EXPECT_THAT(
       dialogBoxes.messages,
       ElementsAre("Procedure error in 'basExtractZipEntry'.  Reason: Device I/O error(57)."));
 }
 
-TEST_F(TempEntryTest, FileThatWasThereBeforeHasItsNameBackWhateverFails) {
-  // Of the extracted file: the probe of it, and its move to the temp name.
-  for (const DiskAction action : {DiskAction::attributes, DiskAction::rename}) {
-    disk.file(inTempDir("a.txt"), "a person's");
-    disk.failOn(action, inTempDir("a.txt"), FailureNumber::deviceError, 2);
-    EXPECT_EQ(extract(), "");
-    EXPECT_EQ(disk.content(inTempDir("a.txt")), "a person's");
-    EXPECT_THAT(disk.names(temp), ElementsAre("a.txt"));
-  }
+TEST_F(TempEntryTest, DirectoryOfAPersonStaysToo) {
+  disk.directory(inTempDir("a.txt"));
+  EXPECT_EQ(extract(), "");
+  EXPECT_TRUE(disk.exists(inTempDir("a.txt")));
 }
 
-TEST_F(TempEntryTest, FileThatCannotHaveItsNameBackIsLogged) {
-  disk.file(inTempDir("a.txt"), "a person's");
-  disk.failOn(DiskAction::rename, inTempDir("KEPT1"), FailureNumber::permissionDenied);
-  EXPECT_EQ(extract(), inTempDir("TMP1"));
-  EXPECT_EQ(disk.content(inTempDir("KEPT1")), "a person's");
-  EXPECT_THAT(logLines(), ElementsAre("Unable to rename file " + inTempDir("KEPT1") + " back to " +
-                                      inTempDir("a.txt")));
+// An entry that was opened before is extracted anew; what was left of it passes for nothing else.
+TEST_F(TempEntryTest, EntryThatKeepsItsNameReplacesWhatWasLeftOfIt) {
+  disk.file(inTempDir("a.txt"), "old");
+  EXPECT_EQ(extract(true), inTempDir("a.txt"));
+  EXPECT_EQ(disk.content(inTempDir("a.txt")), "one");
+  EXPECT_EQ(basExtractZipEntry("C:\\d\\gone.zip", "in", "a.txt", true), "");
+  EXPECT_EQ(disk.content(inTempDir("a.txt")), "one");
+}
+
+TEST_F(TempEntryTest, DirectoryOfATempNameIsPassedOver) {
+  disk.directory(inTempDir("TMP1"));
+  EXPECT_EQ(extract(), inTempDir("TMP2"));
 }
 
 TEST_F(TempEntryTest, EntryThatCannotBeRenamedIsAProcedureError) {
@@ -320,10 +313,12 @@ TEST_F(TempStoreTest, NothingOutsideTheTempDirectoryIsDeleted) {
   disk.file("C:\\d\\a", "x");
   disk.file("C:\\Quernstoke\\Temperature\\a", "x");
   disk.file("C:\\Quernstoke\\a", "x");
+  disk.file(inTempDir("TMP3"), "x");
   const auto before = disk.allFiles();
-  for (const std::string path : {"", "C:\\d\\a", "C:\\Quernstoke\\Temp", "C:\\Quernstoke\\Temp\\",
-                                 "C:\\Quernstoke\\Temperature\\a", "C:\\Quernstoke\\Temp\\..\\a",
-                                 "C:\\Quernstoke\\Temp\\sub/../../a"})
+  for (const std::string path :
+       {"", "C:\\d\\a", "C:\\Quernstoke\\Temp", "C:\\Quernstoke\\Temp\\",
+        "C:\\Quernstoke\\Temp\\\\", "C:\\Quernstoke\\Temp1\\TMP3", "C:\\Quernstoke\\Temperature\\a",
+        "C:\\Quernstoke\\Temp\\..\\a", "C:\\Quernstoke\\Temp\\sub/../../a"})
     basDeleteTempFile(path);
   EXPECT_EQ(disk.allFiles(), before);
   EXPECT_TRUE(disk.exists(temp));

@@ -24,6 +24,12 @@ std::string mapped(std::string_view text, char first, char last, Map map) {
   return result;
 }
 
+std::string replaced(std::string text, std::string_view what, std::string_view with) {
+  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at))
+    text.replace(at, what.size(), with);
+  return text;
+}
+
 }  // namespace
 
 Answer ScriptedDialogs::messageBox(std::string_view text, Buttons shown, std::string_view title,
@@ -75,11 +81,13 @@ DateTime ManualClock::now() {
 }
 
 std::string PlainLocale::lower(std::string_view text) {
-  return mapped(text, 'A', 'Z', [](char c) { return static_cast<char>(c - 'A' + 'a'); });
+  return replaced(mapped(text, 'A', 'Z', [](char c) { return static_cast<char>(c - 'A' + 'a'); }),
+                  "\u00D6", "\u00F6");
 }
 
 std::string PlainLocale::upper(std::string_view text) {
-  return mapped(text, 'a', 'z', [](char c) { return static_cast<char>(c - 'a' + 'A'); });
+  return replaced(mapped(text, 'a', 'z', [](char c) { return static_cast<char>(c - 'a' + 'A'); }),
+                  "\u00F6", "\u00D6");
 }
 
 std::string PlainLocale::generalDate(DateTime when) {

@@ -75,7 +75,8 @@ class ManualClock : public Clock {
   DateTime now() override;
 };
 
-// Case mapping of ASCII, dates in one fixed form, and numbers as `thousands` and `point` say.
+// Case mapping of ASCII and of one letter beyond it, dates in one fixed form, and numbers as
+// `thousands` and `point` say.
 class PlainLocale : public Locale {
  public:
   std::string lower(std::string_view text) override;

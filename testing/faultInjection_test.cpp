@@ -218,12 +218,10 @@ class SabotagedScan : private StandIns {
       EXPECT_EQ(known.first->second, contentOf(file)) << FileTable.FileName[file];
     }
   }
-  // One that could not have its name back after an entry of its name is told in the log.
   void expectUserFilesAsTheyWere() const {
     Files found = disk.allFiles();
     for (const auto& [path, content] : userFiles) {
-      const bool isAside = log_.find("\\KEPT1 back to " + path) != std::string::npos;
-      EXPECT_EQ(found[isAside ? tempPath + "KEPT1" : path], content) << path;
+      EXPECT_EQ(found[path], content) << path;
       found.erase(path);
     }
     for (const auto& [path, content] : found)

@@ -123,6 +123,8 @@ std::int32_t LinuxDesktop::shellExecute(const ShellRequest& request) {
     return start(std::filesystem::absolute(place.path), directory);
   } catch (const Failure&) {
     return shellPathNotFound;
+  } catch (const std::filesystem::filesystem_error&) {  // The current directory has gone.
+    return shellPathNotFound;
   }
 }
 

@@ -5,6 +5,7 @@
 #include <ctime>
 #include <fcntl.h>
 #include <limits.h>
+#include <limits>
 #include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -124,8 +125,12 @@ class NewFile {
     return true;
   }
 
-  // Gives the file its name, in the place of another file or link of that name.
+  // Gives the file its name, in the place of another file. Links and the like stay.
   bool keepAs(const std::string& name) {
+    struct stat facts;
+    if (::fstatat(directory_, name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) == 0 &&
+        !S_ISREG(facts.st_mode))
+      return false;
     kept_ = ::renameat(directory_, workingName_.c_str(), directory_, name.c_str()) == 0;
     return kept_;
   }
@@ -250,11 +255,16 @@ class ZipArchives::OpenArchive {
     return name == nullptr ? std::string() : windowsName(name);
   }
 
-  // The first entry of this name, letter case counting.
+  // The first entry of this name, letter case counting. One without a 32-bit size is in no
+  // catalogue, and could fill the disk.
   std::optional<zip_uint64_t> find(const std::string& name) {
+    constexpr zip_uint64_t largest = std::numeric_limits<std::int32_t>::max();
     if (indexOfName_.empty())
-      for (zip_uint64_t index = 0; index < count(); ++index)
-        indexOfName_.try_emplace(entryName(index), index);
+      for (zip_uint64_t index = 0; index < count(); ++index) {
+        zip_stat_t facts;
+        if (zip_stat_index(archive_.get(), index, 0, &facts) == 0 && facts.size <= largest)
+          indexOfName_.try_emplace(entryName(index), index);
+      }
     const auto found = indexOfName_.find(name);
     return found == indexOfName_.end() ? std::nullopt : std::optional(found->second);
   }

@@ -297,14 +297,27 @@ TEST_F(ZipArchivesTest, NameThatNoFileCanHaveIsSkipped) {
   EXPECT_THAT(namesIn("out"), IsEmpty());
 }
 
-TEST_F(ZipArchivesTest, LinkOfThatNameIsReplacedAndNotFollowed) {
+TEST_F(ZipArchivesTest, LinkOfThatNameStaysAndIsNotFollowed) {
   packed({{"a.txt", "new"}});
   tree.file("precious", "precious");
-  tree.link("out/a.txt", tree.path("precious"));
-  EXPECT_EQ(extract("a.txt"), archiveOk);
+  for (const char* target : {"precious", "gone"}) {
+    tree.link("out/a.txt", tree.path(target));
+    EXPECT_EQ(extract("a.txt"), archiveDiskFull);
+    EXPECT_EQ(std::filesystem::read_symlink(tree.path("out/a.txt")), tree.path(target));
+    std::filesystem::remove(tree.path("out/a.txt"));
+  }
   EXPECT_EQ(tree.content("precious"), "precious");
-  EXPECT_FALSE(std::filesystem::is_symlink(tree.path("out/a.txt")));
-  EXPECT_EQ(tree.content("out/a.txt"), "new");
+  EXPECT_FALSE(tree.exists("gone"));
+}
+
+// Of two entries of one name, the one that is in the catalogue is meant.
+TEST_F(ZipArchivesTest, EntryOfTwoGibibytesAndMoreIsNotExtracted) {
+  packed({{"a.txt", "1"}});
+  constexpr int sizeInDirectory = 24;
+  std::string bytes = tree.content("a.zip");
+  bytes.replace(bytes.find("PK\x01\x02") + sizeInDirectory, 4, bytesOf(0x80000000U, 4));
+  tree.file("a.zip", bytes);
+  EXPECT_EQ(extract("a.txt"), archiveNoMatchingEntry);
 }
 
 TEST_F(ZipArchivesTest, DirectoryOfThatNameStays) {
