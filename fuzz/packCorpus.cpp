@@ -39,10 +39,11 @@ class Corpus {
   std::string directory_;
 };
 
-// Where the size that the central directory tells of its first entry stands.
-std::size_t toldSizeIn(const std::string& bytes) {
-  constexpr std::size_t offset = 24;
-  return bytes.find("PK\x01\x02") + offset;
+// Where the central directory tells of its first entry, and of what.
+constexpr std::size_t toldFlags = 8;
+constexpr std::size_t toldSize = 24;
+std::size_t firstTold(const std::string& bytes, std::size_t what) {
+  return bytes.find("PK\x01\x02") + what;
 }
 
 void packAll(Corpus corpus) {
@@ -64,9 +65,12 @@ void packAll(Corpus corpus) {
 
   corpus.damage("stored", "cut-short", [](auto& bytes) { bytes.resize(bytes.size() - 10); });
   corpus.damage("stored", "wrong-content", [](auto& bytes) { bytes[bytes.find("alpha")] = 'A'; });
-  corpus.damage("deflated", "longer-than-told", [](auto& bytes) { bytes[toldSizeIn(bytes)] = 1; });
+  corpus.damage("stored", "unknown-encryption",
+                [](auto& bytes) { bytes[firstTold(bytes, toldFlags)] |= 0x41; });
+  corpus.damage("deflated", "longer-than-told",
+                [](auto& bytes) { bytes[firstTold(bytes, toldSize)] = 1; });
   corpus.damage("deflated", "shorter-than-told",
-                [](auto& bytes) { bytes[toldSizeIn(bytes) + 1] = 100; });
+                [](auto& bytes) { bytes[firstTold(bytes, toldSize) + 1] = 100; });
 }
 
 }  // namespace

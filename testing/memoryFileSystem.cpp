@@ -162,9 +162,8 @@ MemoryFileSystem::~MemoryFileSystem() = default;
 
 void MemoryFileSystem::note(DiskAction action, std::string_view path, std::int64_t position,
                             OpenMode mode) {
-  const DiskCall call{action, std::string(path), position, mode};
-  calls.push_back(call);
-  if (before) before(call);
+  calls.push_back({action, std::string(path), position, mode});
+  if (before) before(DiskCall(calls.back()));  // A copy, as the hook may forget the calls.
   for (PlannedFailure& planned : planned_)
     if (planned.action == action && (planned.path.empty() || folded(planned.path) == folded(path)))
       if (--planned.nth == 0) fail(planned.number);

@@ -144,7 +144,7 @@ class NewFile {
 
 int copyEntry(zip_file_t* entry, zip_uint64_t size, NewFile& file, const std::string& name,
               ArchiveCallbacks& callbacks) {
-  constexpr std::size_t bufferSize = 256 * 1024;
+  constexpr std::size_t bufferSize = std::size_t{256} * 1024;
   std::vector<char> buffer(bufferSize);
   const auto damaged = [&](const char* reason) {
     callbacks.print("  error:  " + name + " is damaged: " + reason + "\n");
