@@ -24,7 +24,6 @@ bool ZipPasswordOff;
 
 namespace {
 
-constexpr int roomOfListing = 128;
 constexpr int roomOfExtraction = 1024;
 constexpr int growth = 1024;
 

@@ -16,6 +16,8 @@ struct ZipEntry {
   DateTime date;     // To the minute.
 };
 
+constexpr int roomOfListing = 128;  // Upper bound of ZipEntryList to begin with.
+
 // The entries of the archive that was listed last, rows 1 to ZipEntryCount.
 extern Table<ZipEntry> ZipEntryList;
 extern Int32 ZipEntryCount;

@@ -63,14 +63,21 @@ void readFileRows(SequentialReader& reader) {
   }
 }
 
-// Makes room for row DirCount. Rows are written without gaps, so that a number far ahead of the
-// lines before it is damage, which must not take all of the machine's memory.
-void growDirTable(Int32 row) {
-  constexpr int growth = 1024;
+// The number of a line, which is the count of directories so far. Rows are written without gaps, so
+// that a number far ahead of the lines before it is damage: neither the table nor anybody who goes
+// by DirCount must take all of the machine's memory for it.
+Int32 readDirCount(SequentialReader& reader, Int32 row) {
   constexpr int farthestAhead = 1000000;
-  if (DirCount < DirTable.upperBound()) return;
-  if (DirCount > row + farthestAhead) fail(FailureNumber::outOfMemory);
-  DirTable.redim(DirCount + growth, true);
+  const Int32 number = reader.number();
+  if (number >= DirTable.upperBound() && number > row + farthestAhead)
+    fail(FailureNumber::outOfMemory);
+  return number;
+}
+
+// Makes room for row DirCount.
+void growDirTable() {
+  constexpr int growth = 1024;
+  if (DirCount >= DirTable.upperBound()) DirTable.redim(DirCount + growth, true);
 }
 
 }  // namespace
@@ -124,11 +131,11 @@ void basLoadDirTable() {
     const FileNumber file = files().open(path, OpenMode::input);
     SequentialReader reader(file);
     for (Int32 row = 1; !reader.atEnd(); ++row) {
-      DirCount = reader.number();
+      DirCount = readDirCount(reader, row);
       const std::string name = reader.text();
       const std::string kind = reader.text();
       const Int32 parent = reader.number();
-      growDirTable(row);
+      growDirTable();
       const bool temporary = DirTable[row].temporary;
       DirTable.set(row, {name, kind.empty() ? dirKind::none : kind.front(), parent, temporary});
     }

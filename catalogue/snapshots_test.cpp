@@ -384,13 +384,17 @@ TEST_F(SnapshotsTest, TableGrowsBy1024BeyondTheNumberRead) {
   EXPECT_EQ(DirTable.upperBound(), 10 + 1024);
 }
 
-TEST_F(SnapshotsTest, NumberFarAheadOfItsLineIsDamage) {
-  for (const int number : {2000000, 2147483647}) {
-    dialogBoxes.messages.clear();
-    loadDirs(dirLine(number, "C:\\a"));
-    EXPECT_THAT(dialogBoxes.messages, ElementsAre(dirNotLoaded)) << number;
-    EXPECT_EQ(DirTable.upperBound(), 1024) << number;
-  }
+TEST_F(SnapshotsTest, NumberFarAheadOfItsLineIsDamageAndNotCounted) {
+  for (const char* rest : {",\"C:\\b\",\"D\",1\r\n", ",\"C:\\cut sh"})
+    for (const int number : {2000000, 2147483647}) {
+      SCOPED_TRACE(std::to_string(number) + rest);
+      dialogBoxes.messages.clear();
+      DirTable.redim(0, false);
+      loadDirs(dirLine(1, "C:\\a") + std::to_string(number) + rest);
+      EXPECT_THAT(dialogBoxes.messages, ElementsAre(dirNotLoaded));
+      EXPECT_EQ(DirTable.upperBound(), 1 + 1024);
+      EXPECT_EQ(DirCount, 1);
+    }
 }
 
 TEST_F(SnapshotsTest, LoadedRowsKeepTheirTemporaryFlag) {

@@ -86,6 +86,7 @@ class ConsoleScanStatus final : public ScanStatusWindow {
 class ConsoleResultsWindow final : public ResultsWindow {
  public:
   void show() override {}
+  void unload() override {}
 };
 
 }  // namespace quernstoke

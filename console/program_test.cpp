@@ -65,12 +65,20 @@ class ScanProgramTest : public testing::Test {
     return run(std::move(arguments));
   }
   std::string in(const std::string& name) const { return tree.path("in/" + name); }
+  // Files in "in".
+  void equalFiles(const std::vector<std::string>& names,
+                  const std::string& content = "the same") const {
+    for (const std::string& name : names)
+      tree.file("in/" + name, content);
+  }
   Set inAll(const std::vector<std::string>& names) const {
     Set all;
     for (const std::string& name : names)
       all.insert(in(name));
     return all;
   }
+
+  std::set<Set> oneSet(const std::vector<std::string>& names) const { return {inAll(names)}; }
 
   void expectNoScratchHome() const { EXPECT_TRUE(std::filesystem::is_empty(tree.path("tmp"))); }
   void expectWrong(const std::vector<std::string>& arguments) {
@@ -86,11 +94,8 @@ class ScanProgramTest : public testing::Test {
 };
 
 TEST_F(ScanProgramTest, FindsSetsOfEqualFiles) {
-  tree.file("in/a/1", "content one");
-  tree.file("in/b/2", "content one");
-  tree.file("in/c/3", "content two");
-  tree.file("in/d/4", "content two");
-  tree.file("in/e/5", "content two");
+  equalFiles({"a/1", "b/2"}, "content one");
+  equalFiles({"c/3", "d/4", "e/5"}, "content two");
   const RunResult result = scan();
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(setsOf(result.out),
@@ -105,10 +110,8 @@ TEST_F(ScanProgramTest, WritesNothingWhenNothingIsEqual) {
 }
 
 TEST_F(ScanProgramTest, BlankLineDividesTwoSets) {
-  for (const char* name : {"a", "b"})
-    tree.file("in/" + std::string(name), "content one");
-  for (const char* name : {"c", "d"})
-    tree.file("in/" + std::string(name), "content of two");
+  equalFiles({"a", "b"}, "content one");
+  equalFiles({"c", "d"}, "content of two");
   const std::string out = scan().out;
   EXPECT_EQ(std::ranges::count(out, '\n'), 5);
   EXPECT_EQ(out.find("\n\n"), out.rfind("\n\n"));
@@ -120,7 +123,7 @@ TEST_F(ScanProgramTest, TwoFilesOfTheSmallestSizeAreNotCompared) {
   tree.file("in/second", "x");
   EXPECT_EQ(scan().out, "");
   tree.file("in/third", "x");
-  EXPECT_EQ(setsOf(scan().out), std::set<Set>{inAll({"smallest", "second", "third"})});
+  EXPECT_EQ(setsOf(scan().out), oneSet({"smallest", "second", "third"}));
 }
 
 TEST_F(ScanProgramTest, AnyNameComesOutByteForByte) {
@@ -141,17 +144,15 @@ TEST_F(ScanProgramTest, AnyNameComesOutByteForByte) {
 }
 
 TEST_F(ScanProgramTest, PathsAreAbsoluteWhateverIsGiven) {
-  tree.file("in/a", "the same");
-  tree.file("in/b", "the same");
+  equalFiles({"a", "b"});
   program.workingDirectory = tree.path("in");
-  EXPECT_EQ(setsOf(run({"."}).out), std::set<Set>{inAll({"a", "b"})});
+  EXPECT_EQ(setsOf(run({"."}).out), oneSet({"a", "b"}));
 }
 
 TEST_F(ScanProgramTest, DrivesOfProfilesDoNotMatterToDirectories) {
-  tree.file("in/a/1", "the same");
-  tree.file("in/2", "the same");
+  equalFiles({"a/1", "2"});
   program.environment.emplace_back("QUERNSTOKE_DRIVES", "D:=" + in("a"));
-  EXPECT_EQ(setsOf(scan().out), std::set<Set>{inAll({"a/1", "2"})});
+  EXPECT_EQ(setsOf(scan().out), oneSet({"a/1", "2"}));
   EXPECT_EQ(scan({"--exclude", in("a")}).out, "");
 }
 
@@ -163,8 +164,8 @@ TEST_F(ScanProgramTest, MatchesBySizeNameOrContent) {
   tree.file("in/a first name", "1234567");
   EXPECT_EQ(setsOf(scan({"--match", "S"}).out),
             (std::set<Set>{inAll({"a/same", "c/other"}), inAll({"b/same", "d/another"})}));
-  EXPECT_EQ(setsOf(scan({"--match", "n"}).out), std::set<Set>{inAll({"a/same", "b/same"})});
-  EXPECT_EQ(setsOf(scan({"--match", "C"}).out), std::set<Set>{inAll({"b/same", "d/another"})});
+  EXPECT_EQ(setsOf(scan({"--match", "n"}).out), oneSet({"a/same", "b/same"}));
+  EXPECT_EQ(setsOf(scan({"--match", "C"}).out), oneSet({"b/same", "d/another"}));
 }
 
 TEST_F(ScanProgramTest, PercentLetsTheEndDiffer) {
@@ -172,7 +173,7 @@ TEST_F(ScanProgramTest, PercentLetsTheEndDiffer) {
   tree.file("in/a", beginning + std::string(30'000, 'y'));
   tree.file("in/b", beginning + std::string(30'000, 'z'));
   EXPECT_EQ(scan().out, "");
-  EXPECT_EQ(setsOf(scan({"--percent", "50"}).out), std::set<Set>{inAll({"a", "b"})});
+  EXPECT_EQ(setsOf(scan({"--percent", "50"}).out), oneSet({"a", "b"}));
 }
 
 TEST_F(ScanProgramTest, SizesLimitWhatIsLookedAt) {
@@ -183,36 +184,31 @@ TEST_F(ScanProgramTest, SizesLimitWhatIsLookedAt) {
   }
   tree.file("in/middle/decoy", std::string(1023, 'x'));
   EXPECT_EQ(setsOf(scan({"--min-size", "1023B", "--max-size", "2KB"}).out),
-            std::set<Set>{inAll({"middle/a", "middle/b"})});
+            oneSet({"middle/a", "middle/b"}));
   EXPECT_EQ(setsOf(scan({"--min-size", "0B", "--max-size", "4B"}).out),
-            std::set<Set>{inAll({"small/a", "small/b"})});
+            oneSet({"small/a", "small/b"}));
 }
 
 TEST_F(ScanProgramTest, TypesLimitWhatIsLookedAt) {
-  for (const char* name : {"1.jpg", "2.JPG", "3.png", "4.7", "5.7", "6.txt", "7"})
-    tree.file("in/" + std::string(name), "the same");
+  equalFiles({"1.jpg", "2.JPG", "3.png", "4.7", "5.7", "6.txt", "7"});
   tree.file("in/smallest.jpg", "x");
   tree.file("in/smallest.7", "x");
-  EXPECT_EQ(setsOf(scan({"--types", "*.jpg;png"}).out),
-            std::set<Set>{inAll({"1.jpg", "2.JPG", "3.png"})});
-  EXPECT_EQ(setsOf(scan({"--types", "7"}).out), std::set<Set>{inAll({"4.7", "5.7"})});
+  EXPECT_EQ(setsOf(scan({"--types", "*.jpg;png"}).out), oneSet({"1.jpg", "2.JPG", "3.png"}));
+  EXPECT_EQ(setsOf(scan({"--types", "7"}).out), oneSet({"4.7", "5.7"}));
 }
 
 TEST_F(ScanProgramTest, ExcludeCoversADirectoryAndAllBelowItAndNoSibling) {
-  for (const char* name : {"foo/1", "foo/sub/2", "foobar/3", "foobar/4", "bar/foo/5"})
-    tree.file("in/" + std::string(name), "the same");
+  equalFiles({"foo/1", "foo/sub/2", "foobar/3", "foobar/4", "bar/foo/5"});
   EXPECT_EQ(setsOf(scan({"--exclude", in("foo")}).out),
-            std::set<Set>{inAll({"foobar/3", "foobar/4", "bar/foo/5"})});
+            oneSet({"foobar/3", "foobar/4", "bar/foo/5"}));
   EXPECT_EQ(setsOf(scan({"--exclude", in("foo"), "--exclude", in("bar/foo/")}).out),
-            std::set<Set>{inAll({"foobar/3", "foobar/4"})});
+            oneSet({"foobar/3", "foobar/4"}));
 }
 
 TEST_F(ScanProgramTest, HiddenFilesAreLookedAtOnRequest) {
-  for (const char* name : {"1", "2", ".3", ".d/4"})
-    tree.file("in/" + std::string(name), "the same");
-  EXPECT_EQ(setsOf(scan().out), std::set<Set>{inAll({"1", "2"})});
-  EXPECT_EQ(setsOf(scan({"--hidden", "--system"}).out),
-            std::set<Set>{inAll({"1", "2", ".3", ".d/4"})});
+  equalFiles({"1", "2", ".3", ".d/4"});
+  EXPECT_EQ(setsOf(scan().out), oneSet({"1", "2"}));
+  EXPECT_EQ(setsOf(scan({"--hidden", "--system"}).out), oneSet({"1", "2", ".3", ".d/4"}));
 }
 
 TEST_F(ScanProgramTest, DirectoryInAnotherOneIsScannedOnce) {
@@ -225,17 +221,15 @@ TEST_F(ScanProgramTest, DirectoryInAnotherOneIsScannedOnce) {
 }
 
 TEST_F(ScanProgramTest, LinksAreNotFollowedButFromTheCommandLine) {
-  tree.file("in/a", "the same");
-  tree.file("in/b", "the same");
+  equalFiles({"a", "b"});
   tree.link("in/c", "a");
   tree.link("in/loop", ".");
   tree.link("link", "in");
-  EXPECT_EQ(setsOf(run({tree.path("link")}).out), std::set<Set>{inAll({"a", "b"})});
+  EXPECT_EQ(setsOf(run({tree.path("link")}).out), oneSet({"a", "b"}));
 }
 
 TEST_F(ScanProgramTest, SummaryIsTheLastLineAndCountsWhatWasPassedOver) {
-  tree.file("in/a", "the same");
-  tree.file("in/b", "the same");
+  equalFiles({"a", "b"});
   tree.link("in/c", "a");
   tree.link("in/d", "nowhere");
   tree.fifo("in/e");
@@ -247,8 +241,7 @@ TEST_F(ScanProgramTest, SummaryIsTheLastLineAndCountsWhatWasPassedOver) {
 }
 
 TEST_F(ScanProgramTest, UnreadableFilesAndDirectoriesAreCounted) {
-  for (const char* name : {"a", "b", "locked", "closed/c"})
-    tree.file("in/" + std::string(name), "the same");
+  equalFiles({"a", "b", "locked", "closed/c"});
   ::chmod(tree.root().c_str(), 0755);
   ::chmod(tree.path("tmp").c_str(), 0777);
   ::chmod(in("locked").c_str(), 0);
@@ -258,7 +251,7 @@ TEST_F(ScanProgramTest, UnreadableFilesAndDirectoriesAreCounted) {
   ::chmod(in("closed").c_str(), 0755);
   if (result.status == 127) GTEST_SKIP() << "the program lies where only root may run it";
   EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(setsOf(result.out), std::set<Set>{inAll({"a", "b"})});
+  EXPECT_EQ(setsOf(result.out), oneSet({"a", "b"}));
   EXPECT_THAT(result.err, HasSubstr(" 2 unreadable,"));
 }
 
@@ -276,9 +269,7 @@ std::map<std::string, std::string> stateOf(const std::string& directory) {
 }
 
 TEST_F(ScanProgramTest, LeavesTheScannedTreeAndTheTemporaryDirectoryAsTheyWere) {
-  tree.file("in/a", "the same");
-  tree.file("in/b", "the same");
-  tree.file("in/below/c", "the same");
+  equalFiles({"a", "b", "below/c"});
   const auto before = stateOf(tree.path("in"));
   EXPECT_EQ(scan().status, 0);
   EXPECT_EQ(stateOf(tree.path("in")), before);
@@ -306,10 +297,9 @@ TEST_F(ScanProgramTest, ScratchHomeLiesWhereItIsToldTo) {
 }
 
 TEST_F(ScanProgramTest, QuietScanSaysNothing) {
-  tree.file("in/a/1", "the same");
-  tree.file("in/2", "the same");
+  equalFiles({"a/1", "2"});
   const RunResult result = scan({"--quiet", in("a")});
-  EXPECT_EQ(setsOf(result.out), std::set<Set>{inAll({"a/1", "2"})});
+  EXPECT_EQ(setsOf(result.out), oneSet({"a/1", "2"}));
   EXPECT_EQ(result.err, "");
 }
 
@@ -324,13 +314,12 @@ TEST_F(ScanProgramTest, ProgressIsDrawnOnATerminalOnly) {
 }
 
 TEST_F(ScanProgramTest, OutputGoesToAFile) {
-  tree.file("in/a", "the same");
-  tree.file("in/b", "the same");
+  equalFiles({"a", "b"});
   tree.file("out", "older");
   const RunResult result = scan({"--output", tree.path("out")});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.out, "");
-  EXPECT_EQ(setsOf(tree.content("out")), std::set<Set>{inAll({"a", "b"})});
+  EXPECT_EQ(setsOf(tree.content("out")), oneSet({"a", "b"}));
 }
 
 TEST_F(ScanProgramTest, OutputFileIsNotTouchedByARunThatDoesNotBegin) {
@@ -429,8 +418,7 @@ TEST_F(ScanProgramTest, HelpTellsEveryOption) {
 }
 
 TEST_F(ScanProgramTest, SignalAbortsAScanOfDirectories) {
-  tree.file("in/a", "the same");
-  tree.file("in/b", "the same");
+  equalFiles({"a", "b"});
   tree.file("out", "older");
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
     program.signals = {number};
@@ -601,7 +589,7 @@ TEST_F(ScanProgramTest, EntriesOfArchivesShowBehindTheArchive) {
   tree.file("in/c:d", "12345");
   packArchive(tree.path("in/b.zip"), {{"docs/c:d", "12345"}, {"c:d", "54321"}});
   EXPECT_EQ(setsOf(scan({"--zip", "--match", "NS"}).out),
-            std::set<Set>{inAll({"c:d", "b.zip >> docs/c:d", "b.zip >> c:d"})});
+            oneSet({"c:d", "b.zip >> docs/c:d", "b.zip >> c:d"}));
 }
 
 }  // namespace

@@ -10,7 +10,7 @@ namespace quernstoke {
 
 // A label that is never seen and tells how wide text is in its font, that of the window unless
 // another is set. Widths are in twips.
-class MeasuringLabel : public QLabel, public TextRuler {
+class MeasuringLabel : public QLabel, public BoldRuler {
   Q_OBJECT
 
  public:
@@ -18,7 +18,7 @@ class MeasuringLabel : public QLabel, public TextRuler {
 
   using QLabel::width;
   std::int32_t width(std::string_view text) const override;
-  void setBold(bool bold);
+  void setBold(bool bold) override;
 };
 
 }  // namespace quernstoke

@@ -2,6 +2,7 @@
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
+#include "catalogue/modUnzip.h"
 #include "core/log.h"
 #include "core/probes.h"
 #include "core/procedure.h"
@@ -22,6 +23,7 @@ std::string ExeName;
 std::string ProfilesDir;
 std::string TempDir;
 std::string ProfileName;
+std::string ProcessCommandLine;
 std::string CommandLineProfile;
 
 namespace {
@@ -37,6 +39,7 @@ void allocateTables() {
   releaseBlockPool();
   FilePointerArray.redim(0, false);
   allocateProfileDirList();
+  ZipEntryList.redim(roomOfListing, false);
   allocateFileTypeTable();
 }
 

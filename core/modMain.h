@@ -14,7 +14,9 @@ extern std::string ProfilesDir;
 extern std::string TempDir;
 // The current profile; empty while none is selected.
 extern std::string ProfileName;
-// The whole command line; the load of the main window sets it.
+// What stands behind the executable on the command line, as it is. The executable sets it.
+extern std::string ProcessCommandLine;
+// The same; the load of the main window sets it.
 extern std::string CommandLineProfile;
 
 // The program's entry: opens the log, makes the program's directories, allocates the tables, loads

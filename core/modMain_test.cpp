@@ -2,6 +2,7 @@
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
+#include "catalogue/modUnzip.h"
 #include "core/log.h"
 #include "core/startUpState.h"
 #include "detect/modLinkedList.h"
@@ -77,10 +78,11 @@ TEST_F(ModMainTest, AStartWithoutALogEndsInTheBox) {
 
 TEST_F(ModMainTest, AStartThatCannotMakeADirectoryIsLoggedAndEndsInTheBox) {
   disk.erase("C:\\Quernstoke\\Profiles");
-  disk.failOn(DiskAction::makeDirectory, "C:\\Quernstoke\\Profiles", FailureNumber::pathFileAccess);
+  disk.failOn(DiskAction::makeDirectory, "C:\\Quernstoke\\Profiles",
+              FailureNumber::permissionDenied);
   start();
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'Main'.  Reason: Path/File access error(75)."));
+              ElementsAre("Procedure error in 'Main'.  Reason: Permission denied(70)."));
   EXPECT_THAT(logLines(), ElementsAre("Starting quernstoke"));
   EXPECT_THAT(windows, IsEmpty());
 }
@@ -93,6 +95,7 @@ TEST_F(ModMainTest, EveryStartAllocatesTheTables) {
   FilePointerArray.redim(5, false);
   allocateBlockPool(16, 4);
   ProfileDirList.redim(0, false);
+  ZipEntryList.redim(0, false);
   FileTypeTable.FileTypeDescription.redim(0, false);
   FileTypeTable.FileTypesList.redim(0, false);
   TempUsedKB = 9;
@@ -105,6 +108,7 @@ TEST_F(ModMainTest, EveryStartAllocatesTheTables) {
   EXPECT_EQ(BlockPoolCount, 0);
   EXPECT_THROW(BlockPoolData[1], Failure);
   EXPECT_EQ(ProfileDirList.upperBound(), 128);
+  EXPECT_EQ(ZipEntryList.upperBound(), 128);
   EXPECT_EQ(FileTypeTable.FileTypeDescription.upperBound(), 50);
   EXPECT_EQ(FileTypeTable.FileTypesList.upperBound(), 50);
   EXPECT_EQ(TempUsedKB, 0);

@@ -570,6 +570,15 @@ TEST_F(ContinuedScanTest, SetsItsStartBackByTheTimeAlreadySpent) {
   EXPECT_EQ(saved().ElapsedTime, 90);
 }
 
+// Not from the start that was set back.
+TEST_F(ContinuedScanTest, IsExpectedToEndFiveMinutesFromNow) {
+  clock.time = dateTime({2004, 11, 2, 12, 0, 0});
+  ProfileSettings.ElapsedTime = 90;
+  EstimatedEndTime = dateTime({2004, 11, 2, 11, 0, 0});
+  basStartScan();
+  EXPECT_EQ(EstimatedEndTime, dateTime({2004, 11, 2, 12, 5, 0}));
+}
+
 TEST_F(ContinuedScanTest, DoesNotCountTheTimeOfThePause) {
   twoEqualFiles();
   StartMode = startMode::newScan;

@@ -23,7 +23,8 @@ namespace {
 
 void resetCore() {
   for (std::string* text :
-       {&AppPath, &ExeName, &ProfilesDir, &TempDir, &ProfileName, &CommandLineProfile})
+       {&AppPath, &ExeName, &ProfilesDir, &TempDir, &ProfileName,
+        &ProcessCommandLine, &CommandLineProfile})
     text->clear();
   LogFileNumber = 0;
   RunState = StartMode = ScanAttributes = CurrentMatchNum = ContentPercentLimit = HelpState = 0;

@@ -167,17 +167,53 @@ TEST_F(PooledUnreadTest, FileThatCannotBeReadMeanwhileIsUnreadableAndLogged) {
 }
 
 // What was read long ago may tell two files apart. For a match both are looked at again.
-TEST_F(BeginningsTest, MatchIsMadeOfFilesThatAreStillThere) {
-  allocateBlockPool(blockLength, 1);
-  disk.before = [this](const DiskCall& call) {
-    if (call.action == DiskAction::open && call.path == "C:\\d\\f4" && disk.exists("C:\\d\\f3"))
-      disk.erase("C:\\d\\f3");
-  };
-  compareGroup({block(1), block(2), block(2), block(3)});
+class StaleBeginningTest : public BeginningsTest, public testing::WithParamInterface<int> {
+ protected:
+  // f2 and f3 begin alike. When that is known, and before they are compared, something happens to
+  // one of them.
+  void compareWith(std::function<void()> happening) {
+    allocateBlockPool(blockLength, 1);
+    disk.before = [happening, happened = false](const DiskCall& call) mutable {
+      if (happened || call.action != DiskAction::open || call.path != "C:\\d\\f4") return;
+      happened = true;
+      happening();
+    };
+    compareGroup({block(1), block(2), block(2), block(3)});
+  }
+  static int state() { return FileTable.FileStatus[statusState][GetParam()].raw(); }
+
+  const std::string path_ = "C:\\d\\f" + std::to_string(GetParam());
+};
+
+TEST_P(StaleBeginningTest, FilesThatAreStillAlikeMatch) {
+  compareWith([] {});
+
+  EXPECT_THAT(matchNumbers(), ElementsAre(noMatch, 0, 0, noMatch));
+}
+
+TEST_P(StaleBeginningTest, FileThatIsGoneMeanwhileMakesNoMatch) {
+  compareWith([this] { disk.erase(path_); });
 
   EXPECT_THAT(matchNumbers(), Each(noMatch));
-  EXPECT_EQ(FileTable.FileStatus[statusState][3], fileState::unreadable);
+  EXPECT_EQ(state(), fileState::unreadable);
 }
+
+TEST_P(StaleBeginningTest, FileThatCannotBeReadMeanwhileMakesNoMatch) {
+  compareWith([this] { disk.failOn(DiskAction::read, path_, FailureNumber::deviceError); });
+
+  EXPECT_THAT(matchNumbers(), Each(noMatch));
+  EXPECT_EQ(state(), fileState::unreadable);
+  EXPECT_THAT(logLines(), testing::Contains("Error reading from file " + path_));
+}
+
+TEST_P(StaleBeginningTest, FileThatWasOverwrittenMeanwhileMakesNoMatch) {
+  compareWith([this] { disk.file(path_, block(5)); });
+
+  EXPECT_THAT(matchNumbers(), Each(noMatch));
+  EXPECT_EQ(state(), fileState::normal);
+}
+
+INSTANTIATE_TEST_SUITE_P(PrimaryAndSecondary, StaleBeginningTest, testing::Values(2, 3));
 
 TEST_F(BeginningsTest, AFileThatCannotBeReadIsTriedByEachPrimary) {
   disk.before = [](const DiskCall& call) {

@@ -67,6 +67,11 @@ class MatchLoopTest : public EngineTest {
     ProfileSettings.RestartPointPrimaryFile = primary;
     ProfileSettings.RestartPointSecondaryFile = secondary;
   }
+  // Excludes the matches of a pair of directories, in this slot and the next.
+  static void keepApart(const char* first, const char* second, int slot = 1, bool recurse = true) {
+    setDirectory(slot, first, "1", recurse);
+    setDirectory(slot + 1, second, "2", recurse);
+  }
   // The person clicks at the n-th yield from now.
   void requestAtYield(int yield, Int16 request) {
     eventLoop.yields = 0;
@@ -183,8 +188,7 @@ TEST_F(MatchLoopTest, NumberedSecondariesAreNoCandidates) {
 
 // Matching is not transitive: b moves on to c, and a stays behind with a number of its own.
 TEST_F(MatchLoopTest, NumberedPrimaryLeavesItsMatchForANewOne) {
-  setDirectory(1, "C:\\A", "1");
-  setDirectory(2, "C:\\C", "2");
+  keepApart("C:\\A", "C:\\C");
   prepare("SIZE", {{"a", "C:\\A", 10}, {"b", "C:\\B", 10}, {"c", "C:\\C", 10}});
   basCompareFiles("SIZE");
 
@@ -444,11 +448,15 @@ TEST_F(MatchLoopTest, GroupOfTwoLeavesThePoolAlone) {
 }
 
 TEST_F(MatchLoopTest, LastTwoFilesOfAGroupUseNoPool) {
-  prepareContents({"aaaa", "bbbb", "cccc"});
+  prepareContents({"aaaa....", "bbbbcccc", "bbbbdddd"});
   basCompareFiles("SIZE");
 
-  EXPECT_EQ(BufferReads, 1);  // 1 for its second pair; 2 and 3 are read anew for theirs.
-  EXPECT_EQ(ActualReads, 5);
+  // The first file comes from the pool for its second pair. The others are read anew for theirs.
+  EXPECT_EQ(readsOf(1), 1);
+  EXPECT_EQ(readsOf(2), 1 + 2);
+  EXPECT_EQ(readsOf(3), 1 + 2);
+  EXPECT_EQ(BufferReads, 1);
+  EXPECT_EQ(ActualReads, 7);
   EXPECT_EQ(BuffersPerFile, 50);
 }
 
@@ -523,8 +531,7 @@ class ExclusionTest : public MatchLoopTest {
 };
 
 TEST_F(ExclusionTest, KeepsTwoDirectoriesApartInEitherOrder) {
-  setDirectory(1, "C:\\A", "1", false);
-  setDirectory(2, "C:\\B", "2", false);
+  keepApart("C:\\A", "C:\\B", 1, false);
 
   EXPECT_TRUE(isExcluded("C:\\A", "C:\\B"));
   EXPECT_TRUE(isExcluded("C:\\B", "C:\\A"));
@@ -537,8 +544,7 @@ TEST_F(ExclusionTest, KeepsTwoDirectoriesApartInEitherOrder) {
 
 // A plain prefix, as in the walk: C:\A with its subdirectories also covers C:\Annex.
 TEST_F(ExclusionTest, WithSubdirectoriesCoversAllThatBeginsAlike) {
-  setDirectory(1, "C:\\A", "1");
-  setDirectory(2, "C:\\B", "2");
+  keepApart("C:\\A", "C:\\B");
 
   EXPECT_TRUE(isExcluded("C:\\A\\Sub", "C:\\b\\deep\\er"));
   EXPECT_TRUE(isExcluded("C:\\Annex", "C:\\B"));
@@ -554,18 +560,15 @@ TEST_F(ExclusionTest, SecondHalfBeforeTheFirstCountsForNothing) {
 
 // The halves seen are not forgotten from one pair of slots to the next.
 TEST_F(ExclusionTest, FirstHalfSeenCountsForAllSecondHalvesBehindIt) {
-  setDirectory(1, "C:\\A", "1");
-  setDirectory(2, "C:\\X", "2");
-  setDirectory(3, "C:\\Y", "1");
-  setDirectory(4, "C:\\B", "2");
+  keepApart("C:\\A", "C:\\X");
+  keepApart("C:\\Y", "C:\\B", 3);
 
   EXPECT_TRUE(isExcluded("C:\\A", "C:\\B"));
   EXPECT_FALSE(isExcluded("C:\\X", "C:\\Y"));
 }
 
 TEST_F(ExclusionTest, OneFileUnderBothHalvesIsKeptFromAll) {
-  setDirectory(1, "C:\\A", "1");
-  setDirectory(2, "C:\\A\\Sub", "2");
+  keepApart("C:\\A", "C:\\A\\Sub");
 
   EXPECT_TRUE(isExcluded("C:\\A\\Sub", "C:\\Elsewhere"));
   EXPECT_TRUE(isExcluded("C:\\Elsewhere", "C:\\A\\Sub"));

@@ -52,4 +52,10 @@ class TextRuler {
   virtual std::int32_t width(std::string_view text) const = 0;
 };
 
+// The same for text that may be bold.
+class BoldRuler : public TextRuler {
+ public:
+  virtual void setBold(bool bold) = 0;
+};
+
 }  // namespace quernstoke

@@ -49,7 +49,8 @@ enum class OpenMode {
 using FileNumber = std::int16_t;
 
 // The one door to the disk. Paths are the program's: drive letter and backslashes. Every call but
-// canEnter fails with a Failure that tells why.
+// canEnter fails with a Failure that tells why: file not found for a file that isn't there, path
+// not found for a directory, be it only on the way to the file.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
@@ -57,7 +58,8 @@ class FileSystem {
   virtual std::unique_ptr<DirectoryListing> list(std::string_view directory, int mask) = 0;
   // Whether the path can be made the current directory; the current one is the same afterwards.
   virtual bool canEnter(std::string_view directory) = 0;
-  virtual void makeDirectory(std::string_view path) = 0;    // The last component only.
+  // The last component only. A path/file access error says that the path exists, and only that.
+  virtual void makeDirectory(std::string_view path) = 0;
   virtual void removeDirectory(std::string_view path) = 0;  // An empty one only.
 
   virtual int attributes(std::string_view path) = 0;
@@ -70,6 +72,7 @@ class FileSystem {
   virtual void rename(std::string_view from, std::string_view to) = 0;  // Never over a file.
 
   // Positions count bytes from 0. Reading and writing move the file's position on.
+  // A file with the read-only bit is opened for reading alone.
   virtual FileNumber open(std::string_view path, OpenMode mode) = 0;
   // Fills as much of `into` as the file has from its position on, and returns that length. At or
   // past the end this is 0, and no failure.

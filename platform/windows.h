@@ -55,6 +55,7 @@ class ResultsWindow {
   virtual ~ResultsWindow() = default;
 
   virtual void show() = 0;  // Modelessly.
+  virtual void unload() = 0;
 };
 
 }  // namespace quernstoke

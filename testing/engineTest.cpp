@@ -2,32 +2,12 @@
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
-#include "core/log.h"
 #include "core/modMain.h"
 #include "core/scanState.h"
-#include "core/startUpState.h"
-#include "platform/platform.h"
 #include "settings/profileStore.h"
 #include "settings/settings.h"
 
 namespace quernstoke {
-
-EngineTest::EngineTest() {
-  usePlatform({&disk, &archiveLibrary, &dialogBoxes, &desk, &eventLoop, &clock, &locale,
-               &mainWindow, &statusWindow, &resultsWindow});
-  resetToStartUpState();
-  AppPath = "C:\\Quernstoke";
-  ExeName = "quernstoke";
-  ProfilesDir = AppPath + "\\Profiles";
-  TempDir = AppPath + "\\Temp";
-  disk.directory(ProfilesDir);
-  disk.directory(TempDir);
-  clock.time = dateTime({2004, 11, 2, 16, 41, 8});
-}
-
-EngineTest::~EngineTest() {
-  resetToStartUpState();
-}
 
 void EngineTest::start() {
   Main();

@@ -7,19 +7,13 @@
 #include <vector>
 
 #include "core/integers.h"
-#include "testing/fakes.h"
-#include "testing/memoryFileSystem.h"
-#include "testing/scriptedArchives.h"
+#include "testing/standIns.h"
 
 namespace quernstoke {
 
-// The engine at its start-up state over stand-ins for all that lies outside it: a disk in memory
-// with the program in C:\Quernstoke, its directories made, no log open and no profile selected.
-class EngineTest : public testing::Test {
+// The engine over its stand-ins, for one test.
+class EngineTest : public testing::Test, protected StandIns {
  protected:
-  EngineTest();
-  ~EngineTest() override;
-
   // Starts the program as its executable would.
   void start();
   // Gives a new profile of this name its defaults, makes it the current one and saves it.
@@ -29,18 +23,6 @@ class EngineTest : public testing::Test {
                            bool recurse = true, const std::string& extensions = "*.*");
   // The lines of the log, without their dates.
   std::vector<std::string> logLines() const;
-
-  MemoryFileSystem disk;
-  ScriptedArchives archiveLibrary{disk};
-  ScriptedDialogs dialogBoxes;
-  ScriptedDesktop desk;
-  ScriptedEvents eventLoop;
-  ManualClock clock;
-  PlainLocale locale;
-  WindowLog windows;
-  ScriptedMainWindow mainWindow{windows};
-  ScriptedScanStatusWindow statusWindow{windows};
-  ScriptedResultsWindow resultsWindow{windows};
 };
 
 // One row for a catalogue built by hand.

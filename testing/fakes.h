@@ -157,6 +157,7 @@ class ScriptedResultsWindow : public ResultsWindow {
   explicit ScriptedResultsWindow(WindowLog& log) : log_(log) {}
 
   void show() override { log_.emplace_back("frmResults show"); }
+  void unload() override { log_.emplace_back("frmResults unload"); }
 
  private:
   WindowLog& log_;

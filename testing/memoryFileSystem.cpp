@@ -89,10 +89,10 @@ class MemoryFileSystem::Listing : public DirectoryListing {
         current_->isDirectory = true;
       } else if (next_ - dotEntries < directory_->children.size()) {
         current_ = directory_->children[next_ - dotEntries];
-        if (isHeldBack(*current_)) continue;
       } else {
         return false;
       }
+      if (isHeldBack(*current_)) continue;
       ++next_;
       return true;
     }
@@ -159,13 +159,14 @@ std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::find(std::string_view 
 std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::need(std::string_view path,
                                                                FailureNumber otherwise) const {
   auto node = find(path);
-  if (!node) fail(otherwise);
-  return node;
+  if (node) return node;
+  needParent(path);
+  fail(otherwise);
 }
 
 std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::needParent(std::string_view path) const {
-  auto parent = need(parentOf(path), FailureNumber::pathNotFound);
-  if (!parent->isDirectory) fail(FailureNumber::pathNotFound);
+  auto parent = find(parentOf(path));
+  if (!parent || !parent->isDirectory) fail(FailureNumber::pathNotFound);
   return parent;
 }
 
@@ -326,8 +327,9 @@ void MemoryFileSystem::remove(std::string_view path) {
 void MemoryFileSystem::rename(std::string_view from, std::string_view to) {
   note(DiskAction::rename, from);
   const auto node = need(from, FailureNumber::fileNotFound);
-  if (find(to)) fail(FailureNumber::fileAlreadyExists);
   const auto target = needParent(to);
+  const auto taken = find(to);
+  if (taken && (taken != node || node->name == nameOf(to))) fail(FailureNumber::fileAlreadyExists);
   erase(from);
   node->name = nameOf(to);
   target->children.push_back(node);
@@ -336,9 +338,10 @@ void MemoryFileSystem::rename(std::string_view from, std::string_view to) {
 FileNumber MemoryFileSystem::open(std::string_view path, OpenMode mode) {
   note(DiskAction::open, path, 0, mode);
   auto node = find(path);
-  if (!node && mode != OpenMode::output && mode != OpenMode::binary)
-    fail(FailureNumber::fileNotFound);
-  if (!node) node = addFile(path);
+  if (!node)
+    node = mode == OpenMode::output || mode == OpenMode::binary
+               ? addFile(path)
+               : need(path, FailureNumber::fileNotFound);
   if (node->isDirectory) fail(FailureNumber::pathFileAccess);
   const bool writes = mode != OpenMode::input && mode != OpenMode::sharedBinary;
   if (writes && (node->flags & attributeReadOnly) != 0) fail(FailureNumber::pathFileAccess);
@@ -359,12 +362,13 @@ MemoryFileSystem::OpenFile& MemoryFileSystem::opened(FileNumber file) {
 std::size_t MemoryFileSystem::read(FileNumber file, std::span<char> into) {
   OpenFile& from = opened(file);
   note(DiskAction::read, from.path, static_cast<std::int64_t>(from.position));
+  if (from.mode == OpenMode::output) fail(FailureNumber::pathFileAccess);
   const std::string& content = from.node->content;
   const std::size_t left = content.size() - std::min(from.position, content.size());
   const std::size_t length = std::min(into.size(), left);
   if (length > 0) std::memcpy(into.data(), content.data() + from.position, length);
   from.position += length;
-  if (length < into.size()) from.triedToPassEnd = true;
+  from.triedToPassEnd = length < into.size();
   return length;
 }
 
@@ -387,6 +391,7 @@ void MemoryFileSystem::seek(FileNumber file, std::int64_t position) {
   note(DiskAction::seek, moved.path, position);
   if (position < 0) fail(FailureNumber::invalidProcedureCall);
   moved.position = static_cast<std::size_t>(position);
+  moved.triedToPassEnd = false;
 }
 
 std::int64_t MemoryFileSystem::openLength(FileNumber file) {

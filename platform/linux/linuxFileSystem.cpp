@@ -32,12 +32,26 @@ void check(int outcome, Subject subject) {
   if (outcome < 0) failWith(-outcome, subject);
 }
 
+// One number is kept for a path that exists. Whatever else stands against a new directory must not
+// pass for one that is there already.
+[[noreturn]] void failMaking(int error) {
+  const FailureNumber number = failureFor(error, Subject::directory);
+  if (error != EEXIST && number == FailureNumber::pathFileAccess)
+    fail(FailureNumber::permissionDenied);
+  fail(number);
+}
+
 // The facts of what a path leads to, through links.
 struct stat factsAt(const std::string& path) {
   struct stat facts;
   check(atPath(path, [&](int at, const char* name) { return ::fstatat(at, name, &facts, 0); }),
         Subject::file);
   return facts;
+}
+
+// Read-only is a wish to keep the file as it is, whatever the system would allow.
+bool isKept(const struct stat& facts) {
+  return S_ISREG(facts.st_mode) && (facts.st_mode & S_IWUSR) == 0;
 }
 
 std::string_view lastComponent(std::string_view path) {
@@ -85,6 +99,16 @@ int openOrCreate(const std::string& path, OpenMode mode) {
     return outcomeOf([&] { return ::openat(place.directory.get(), place.name.c_str(), flags); });
   if (place.error == ENOENT && createsMissing(mode)) return createFile(place, flags);
   return -place.error;
+}
+
+bool isWritable(OpenMode mode) {
+  return mode != OpenMode::input && mode != OpenMode::sharedBinary;
+}
+
+void refuseKeptFile(const std::string& path) {
+  struct stat facts;
+  const auto look = [&](int at, const char* name) { return ::fstatat(at, name, &facts, 0); };
+  if (atPath(path, look) >= 0 && isKept(facts)) fail(FailureNumber::pathFileAccess);
 }
 
 // Scanned files skip the question: reading what is no regular file fails soon enough.
@@ -139,11 +163,11 @@ bool LinuxFileSystem::canEnter(std::string_view directory) {
 void LinuxFileSystem::makeDirectory(std::string_view path) {
   constexpr mode_t permissions = 0777;
   const Place place = locate(toLinux(path));
-  if (place.exists) fail(FailureNumber::pathFileAccess);
-  if (place.error != ENOENT) failWith(place.error, Subject::directory);
-  check(
-      outcomeOf([&] { return ::mkdirat(place.directory.get(), place.name.c_str(), permissions); }),
-      Subject::directory);
+  if (place.exists) failMaking(EEXIST);
+  if (place.error != ENOENT) failMaking(place.error);
+  const int outcome =
+      outcomeOf([&] { return ::mkdirat(place.directory.get(), place.name.c_str(), permissions); });
+  if (outcome < 0) failMaking(-outcome);
 }
 
 void LinuxFileSystem::removeDirectory(std::string_view path) {
@@ -189,13 +213,11 @@ DateTime LinuxFileSystem::modified(std::string_view path) {
 }
 
 void LinuxFileSystem::remove(std::string_view path) {
-  // Read-only is a wish to keep the file, whatever the directory would allow.
   check(atPath(toLinux(path),
                [](int at, const char* name) {
                  struct stat facts;
                  if (::fstatat(at, name, &facts, AT_SYMLINK_NOFOLLOW) != 0) return -1;
-                 if (S_ISREG(facts.st_mode) && (facts.st_mode & S_IWUSR) == 0)
-                   fail(FailureNumber::pathFileAccess);
+                 if (isKept(facts)) fail(FailureNumber::pathFileAccess);
                  return ::unlinkat(at, name, 0);
                }),
         Subject::file);
@@ -221,6 +243,7 @@ void LinuxFileSystem::rename(std::string_view from, std::string_view to) {
 
 FileNumber LinuxFileSystem::open(std::string_view path, OpenMode mode) {
   const std::string& linuxPath = toLinux(path);
+  if (isWritable(mode)) refuseKeptFile(linuxPath);
   const int outcome = openOrCreate(linuxPath, mode);
   if (outcome < 0 && mode == OpenMode::sharedBinary) tally_.unreadable.insert(linuxPath);
   check(outcome, Subject::file);

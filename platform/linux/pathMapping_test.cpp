@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 #include <set>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/linux/expectFailure.h"
 #include "platform/linux/scopedVariable.h"
@@ -91,31 +94,39 @@ TEST(PathMapping, AnEscapeThatEscapesNothingStandsForItself) {
   EXPECT_EQ(utf8(0xF000), linuxName(utf8(0xF000)));
 }
 
+using Paths = std::vector<std::pair<std::string, std::string>>;
+
+void expectLinuxPaths(const DriveTable& drives, const Paths& linuxByProgram) {
+  for (const auto& [program, expected] : linuxByProgram)
+    EXPECT_EQ(expected, drives.linuxPath(program)) << program;
+}
+
+void expectProgramPaths(const DriveTable& drives, const Paths& programByLinux) {
+  for (const auto& [path, expected] : programByLinux)
+    EXPECT_EQ(expected, drives.programPath(path)) << path;
+}
+
 TEST(DriveTable, RootIsDriveC) {
   const DriveTable drives;
-  EXPECT_EQ("/", drives.linuxPath("C:\\"));
-  EXPECT_EQ("/", drives.linuxPath("c:"));
-  EXPECT_EQ("/", drives.linuxPath("\\"));
+  expectLinuxPaths(drives, {{"C:\\", "/"}, {"c:", "/"}, {"\\", "/"}});
   EXPECT_EQ("C:\\", drives.programPath("/"));
   EXPECT_EQ("C", drives.letters());
 }
 
 TEST(DriveTable, TurnsProgramPathsIntoLinuxPaths) {
-  const DriveTable drives;
-  EXPECT_EQ("/a/b", drives.linuxPath("C:\\a\\b"));
-  EXPECT_EQ("/a/b", drives.linuxPath("\\a\\b"));
-  EXPECT_EQ("/a/b", drives.linuxPath("C:/a/b"));
-  EXPECT_EQ("/a/b", drives.linuxPath("C:\\a\\\\b\\\\"));
-  EXPECT_EQ("a/b", drives.linuxPath("a\\b"));
-  EXPECT_EQ("..", drives.linuxPath("..\\"));
-  EXPECT_EQ("", drives.linuxPath(""));
+  expectLinuxPaths(DriveTable(), {{"C:\\a\\b", "/a/b"},
+                                  {"\\a\\b", "/a/b"},
+                                  {"C:/a/b", "/a/b"},
+                                  {"C:\\a\\\\b\\\\", "/a/b"},
+                                  {"a\\b", "a/b"},
+                                  {"..\\", ".."},
+                                  {"", ""}});
 }
 
 TEST(DriveTable, TurnsLinuxPathsIntoProgramPaths) {
-  const DriveTable drives;
-  EXPECT_EQ("C:\\home\\ann", drives.programPath("/home/ann"));
-  EXPECT_EQ("C:\\home\\ann", drives.programPath("/home//ann/"));
-  EXPECT_EQ("C:\\a" + utf8(0xF05C) + "b", drives.programPath("/a\\b"));
+  expectProgramPaths(DriveTable(), {{"/home/ann", "C:\\home\\ann"},
+                                    {"/home//ann/", "C:\\home\\ann"},
+                                    {"/a\\b", "C:\\a" + utf8(0xF05C) + "b"}});
 }
 
 TEST(DriveTable, NamesWithReservedCharactersSurviveInWholePaths) {
@@ -126,13 +137,11 @@ TEST(DriveTable, NamesWithReservedCharactersSurviveInWholePaths) {
 
 TEST(DriveTable, FindsTheDriveWithTheLongestDirectory) {
   const DriveTable drives = DriveTable::parse("D:=/mnt;E:=/mnt/data/");
-  EXPECT_EQ("E:\\x", drives.programPath("/mnt/data/x"));
-  EXPECT_EQ("E:\\", drives.programPath("/mnt/data"));
-  EXPECT_EQ("D:\\database", drives.programPath("/mnt/database"));
-  EXPECT_EQ("C:\\mntx", drives.programPath("/mntx"));
-  EXPECT_EQ("/mnt/data/x", drives.linuxPath("e:\\x"));
-  EXPECT_EQ("/mnt/data", drives.linuxPath("E:\\"));
-  EXPECT_EQ("/mnt", drives.linuxPath("d:"));
+  expectProgramPaths(drives, {{"/mnt/data/x", "E:\\x"},
+                              {"/mnt/data", "E:\\"},
+                              {"/mnt/database", "D:\\database"},
+                              {"/mntx", "C:\\mntx"}});
+  expectLinuxPaths(drives, {{"e:\\x", "/mnt/data/x"}, {"E:\\", "/mnt/data"}, {"d:", "/mnt"}});
   EXPECT_EQ("CDE", drives.letters());
 }
 
@@ -140,8 +149,7 @@ TEST(DriveTable, IgnoresBadEntries) {
   const DriveTable drives = DriveTable::parse(
       ";;x;D:;E:=relative;FF:=/f;5:=/five;C:=/other;G=/g;H:=/good;h:=/late;=/;I:=");
   EXPECT_EQ("CH", drives.letters());
-  EXPECT_EQ("/a", drives.linuxPath("C:\\a"));
-  EXPECT_EQ("/good/a", drives.linuxPath("H:\\a"));
+  expectLinuxPaths(drives, {{"C:\\a", "/a"}, {"H:\\a", "/good/a"}});
 }
 
 TEST(DriveTable, AnUnknownDriveIsAPathNotFound) {

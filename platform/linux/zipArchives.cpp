@@ -165,10 +165,13 @@ bool wantsPassword(zip_t* archive) {
   return error == ZIP_ER_NOPASSWD || error == ZIP_ER_WRONGPASSWD;
 }
 
-// Opens an entry, asking for a password if it needs one.
-Entry openEntry(zip_t* archive, zip_uint64_t index, ArchiveCallbacks& callbacks) {
+// Opens an entry, asking for a password if it needs one. No password opens an entry whose
+// encryption is unknown, and libzip loses memory when it is tried with one.
+Entry openEntry(zip_t* archive, zip_uint64_t index, const zip_stat_t& facts,
+                ArchiveCallbacks& callbacks) {
   Entry entry(zip_fopen_index(archive, index, 0));
   if (entry || zip_error_code_zip(zip_get_error(archive)) != ZIP_ER_NOPASSWD) return entry;
+  if (zip_encryption_method_supported(facts.encryption_method, 0) == 0) return nullptr;
   std::array<char, 256> password{};
   if (callbacks.password(password) != 0) return nullptr;
   return Entry(zip_fopen_index_encrypted(archive, index, 0, password.data()));
@@ -224,7 +227,7 @@ class ZipArchives::OpenArchive {
       return archiveNoMatchingEntry;
     }
     callbacks.service(name);
-    const Entry entry = openEntry(archive_.get(), *index, callbacks);
+    const Entry entry = openEntry(archive_.get(), *index, facts, callbacks);
     if (!entry && wantsPassword(archive_.get())) {
       callbacks.print("   skipping: " + name + "  incorrect password\n");
       return archiveBadPassword;

@@ -245,6 +245,18 @@ TEST_F(ZipArchivesTest, EncryptedEntryNeedsItsPassword) {
   EXPECT_EQ(tree.content("out/secret"), "12345");
 }
 
+// The sanitizer sees the memory that libzip would lose.
+TEST_F(ZipArchivesTest, NoPasswordOpensAnEntryOfUnknownEncryption) {
+  constexpr std::size_t flags = 8;
+  packed({{"a.txt", "1"}});
+  std::string bytes = tree.content("a.zip");
+  bytes[bytes.find("PK\x01\x02") + flags] |= 0x41;  // Encrypted, by a method that is not told.
+  tree.file("a.zip", bytes);
+  answers.passwordToGive = archivePassword;
+  EXPECT_EQ(extract("a.txt"), archiveBadPassword);
+  EXPECT_THAT(namesIn("out"), IsEmpty());
+}
+
 TEST_F(ZipArchivesTest, ArchiveThatHasChangedIsReadAnew) {
   packed({{"a.txt", "1"}});
   list();

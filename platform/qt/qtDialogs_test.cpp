@@ -44,7 +44,8 @@ TEST_F(QtDialogsTest, ShowsTextAndTitle) {
     title = box.windowTitle();
     box.button(QMessageBox::Ok)->click();
   });
-  EXPECT_EQ(dialogs.messageBox("List already exists", Buttons::ok, "Error"), Answer::ok);
+  EXPECT_EQ(dialogs.messageBox("List already exists", Buttons::ok, "Error", Icon::none),
+            Answer::ok);
   EXPECT_EQ(text, "List already exists");
   EXPECT_EQ(title, "Error");
 }
@@ -65,7 +66,7 @@ TEST_F(QtDialogsTest, AnEmptyTitleIsTheProgramsName) {
     title = box.windowTitle();
     box.button(QMessageBox::Ok)->click();
   });
-  dialogs.messageBox("text", Buttons::ok, "");
+  dialogs.messageBox("text", Buttons::ok, "", Icon::none);
   EXPECT_EQ(title, "Quernstoke");
 }
 
@@ -77,38 +78,38 @@ TEST_F(QtDialogsTest, LineBreaksAreLinesAndMarkupIsText) {
     format = box.textFormat();
     box.button(QMessageBox::Ok)->click();
   });
-  dialogs.messageBox("Unable to delete file <b>\r\nReason: no", Buttons::ok, "");
+  dialogs.messageBox("Unable to delete file <b>\r\nReason: no", Buttons::ok, "", Icon::none);
   EXPECT_EQ(text, "Unable to delete file <b>\nReason: no");
   EXPECT_EQ(format, Qt::PlainText);
 }
 
 TEST_F(QtDialogsTest, EachButtonIsItsAnswer) {
   willPress(QMessageBox::Ok);
-  EXPECT_EQ(dialogs.messageBox("?", Buttons::okCancel, ""), Answer::ok);
+  EXPECT_EQ(dialogs.messageBox("?", Buttons::okCancel, "", Icon::none), Answer::ok);
   willPress(QMessageBox::Cancel);
-  EXPECT_EQ(dialogs.messageBox("?", Buttons::okCancel, ""), Answer::cancel);
+  EXPECT_EQ(dialogs.messageBox("?", Buttons::okCancel, "", Icon::none), Answer::cancel);
   willPress(QMessageBox::Yes);
-  EXPECT_EQ(dialogs.messageBox("?", Buttons::yesNo, ""), Answer::yes);
+  EXPECT_EQ(dialogs.messageBox("?", Buttons::yesNo, "", Icon::none), Answer::yes);
   willPress(QMessageBox::No);
-  EXPECT_EQ(dialogs.messageBox("?", Buttons::yesNo, ""), Answer::no);
+  EXPECT_EQ(dialogs.messageBox("?", Buttons::yesNo, "", Icon::none), Answer::no);
   willPress(QMessageBox::Cancel);
-  EXPECT_EQ(dialogs.messageBox("?", Buttons::yesNoCancel, ""), Answer::cancel);
+  EXPECT_EQ(dialogs.messageBox("?", Buttons::yesNoCancel, "", Icon::none), Answer::cancel);
 }
 
 TEST_F(QtDialogsTest, EnterPressesTheFirstButton) {
   willPressKey(Qt::Key_Return);
-  EXPECT_EQ(dialogs.messageBox("?", Buttons::yesNoCancel, ""), Answer::yes);
+  EXPECT_EQ(dialogs.messageBox("?", Buttons::yesNoCancel, "", Icon::none), Answer::yes);
   willPressKey(Qt::Key_Return);
-  EXPECT_EQ(dialogs.messageBox("?", Buttons::okCancel, ""), Answer::ok);
+  EXPECT_EQ(dialogs.messageBox("?", Buttons::okCancel, "", Icon::none), Answer::ok);
 }
 
 TEST_F(QtDialogsTest, ClosingABoxNeverAgrees) {
   willPressKey(Qt::Key_Escape);
-  EXPECT_EQ(dialogs.messageBox("?", Buttons::yesNo, ""), Answer::no);
+  EXPECT_EQ(dialogs.messageBox("?", Buttons::yesNo, "", Icon::none), Answer::no);
   willPressKey(Qt::Key_Escape);
-  EXPECT_EQ(dialogs.messageBox("?", Buttons::okCancel, ""), Answer::cancel);
+  EXPECT_EQ(dialogs.messageBox("?", Buttons::okCancel, "", Icon::none), Answer::cancel);
   whenShown<QMessageBox>([](QMessageBox& box) { box.close(); });
-  EXPECT_EQ(dialogs.messageBox("?", Buttons::yesNoCancel, ""), Answer::cancel);
+  EXPECT_EQ(dialogs.messageBox("?", Buttons::yesNoCancel, "", Icon::none), Answer::cancel);
 }
 
 TEST_F(QtDialogsTest, InputBoxGivesWhatIsTyped) {

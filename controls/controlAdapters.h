@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QComboBox>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QWidget>
+
+#include "platform/controls.h"
+#include "platform/qt/qtText.h"
+
+namespace quernstoke {
+
+// Controls as the engine asks for them. Each refers to a widget that outlives it.
+
+class QtFrame : public FrameControl, public TaggedControl {
+ public:
+  explicit QtFrame(QWidget* widget) : widget_(widget) {}
+  void setVisible(bool visible) override { widget_->setVisible(visible); }
+  std::string tag() const override { return widget_->property("tag").toString().toStdString(); }
+  void setTag(std::string_view tag) override { widget_->setProperty("tag", qtText(tag)); }
+
+ private:
+  QWidget* widget_;
+};
+
+class QtOption : public OptionControl {
+ public:
+  explicit QtOption(QRadioButton* button) : button_(button) {}
+  void setEnabled(bool enabled) override { button_->setEnabled(enabled); }
+  void select() override { button_->setChecked(true); }
+
+ private:
+  QRadioButton* button_;
+};
+
+class QtTextBox : public TextControl {
+ public:
+  explicit QtTextBox(QPlainTextEdit* box) : box_(box) {}
+  void setText(std::string_view text) override { box_->setPlainText(qtText(text)); }
+
+ private:
+  QPlainTextEdit* box_;
+};
+
+class QtList : public ListControl {
+ public:
+  explicit QtList(QComboBox* list) : list_(list) {}
+  void clear() override { list_->clear(); }
+  void add(std::string_view text, std::int16_t data) override {
+    list_->addItem(qtText(text), int{data});
+  }
+  std::int16_t count() const override { return static_cast<std::int16_t>(list_->count()); }
+  std::int16_t data(std::int16_t position) const override {
+    return static_cast<std::int16_t>(list_->itemData(position).toInt());
+  }
+
+ private:
+  QComboBox* list_;
+};
+
+}  // namespace quernstoke

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <functional>
+#include <map>
+
+class QWidget;
+
+namespace quernstoke {
+
+// Holds the focus in a field whose content its rule refuses, whichever way the person tries to
+// leave it: by key, by a click, by the default button. A rule is asked once for each attempt.
+class FieldRules : public QObject {
+  Q_OBJECT
+
+ public:
+  enum class Verdict { leave, leaveAfterBox, stay };
+  // Judges the field, and tells the person in a box what is wrong.
+  using Rule = std::function<Verdict()>;
+
+  explicit FieldRules(QWidget* form);
+  ~FieldRules() override;
+
+  void add(QWidget* field, Rule rule);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool ownsField(QWidget* field) const;
+  Verdict judge(QWidget* field);
+  bool refusesClick(QWidget* target);
+  bool refusesKey(int key);
+  void leftBehindOurBack(QWidget* field, int reason);
+
+  QWidget* form_;
+  std::map<QWidget*, Rule> rules_;
+  bool asking_ = false;
+  QPointer<QWidget> allowed_;  // The field whose rule has just let the focus go.
+};
+
+}  // namespace quernstoke

@@ -1,0 +1,87 @@
+// Writes the archives of fuzz/corpus/zipArchives into the directory that it is given: whole ones,
+// and some that are damaged in the ways that downloads and other programs do it.
+
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <iterator>
+#include <string>
+
+#include "platform/linux/packArchive.h"
+
+namespace quernstoke {
+namespace {
+
+class Corpus {
+ public:
+  explicit Corpus(std::string directory) : directory_(std::move(directory)) {
+    std::filesystem::create_directories(directory_);
+  }
+
+  void pack(const std::string& name, const std::vector<Packed>& entries, bool compressed = true) {
+    std::filesystem::remove(path(name));
+    packArchive(path(name), entries, compressed);
+  }
+  // Another archive, made of the bytes of one that was packed.
+  void damage(const std::string& from, const std::string& to,
+              const std::function<void(std::string&)>& change) {
+    std::ifstream in(path(from), std::ios::binary);
+    std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    change(bytes);
+    std::ofstream(path(to), std::ios::binary) << bytes;
+  }
+
+ private:
+  std::string path(const std::string& name) const { return directory_ + '/' + name + ".zip"; }
+
+  std::string directory_;
+};
+
+// Where the size that the central directory tells of its first entry stands.
+std::size_t toldSizeIn(const std::string& bytes) {
+  constexpr std::size_t offset = 24;
+  return bytes.find("PK\x01\x02") + offset;
+}
+
+void packAll(Corpus corpus) {
+  const std::string text(300, 'a');
+  corpus.pack("empty-entry", {{"empty.txt", ""}});
+  corpus.pack("stored", {{"a.txt", "alpha"}, {"b.txt", "beta"}}, false);
+  corpus.pack("deflated", {{"in/a.txt", text}, {"in/b/", ""}, {"in/b/c.txt", text + "b"}});
+  corpus.pack("same-name-twice", {{"one/a.txt", "first"}, {"two/a.txt", "second one"}});
+  corpus.pack("odd-names",
+              {{"../up.txt", "up"},
+               {"/root.txt", "root"},
+               {"[x].txt", "brackets"},
+               {"a:b|c.txt", "reserved"},
+               {"..", "dots"},
+               {std::string(300, 'n'), "long"}},
+              false);
+  corpus.pack("old-encoding", {{"\x81\x9c.txt", "umlauts", ZIP_FL_ENC_CP437}});
+  corpus.pack("encrypted", {{"secret.txt", text, ZIP_FL_ENC_UTF_8, true}});
+
+  corpus.damage("stored", "cut-short", [](auto& bytes) { bytes.resize(bytes.size() - 10); });
+  corpus.damage("stored", "wrong-content", [](auto& bytes) { bytes[bytes.find("alpha")] = 'A'; });
+  corpus.damage("deflated", "longer-than-told", [](auto& bytes) { bytes[toldSizeIn(bytes)] = 1; });
+  corpus.damage("deflated", "shorter-than-told",
+                [](auto& bytes) { bytes[toldSizeIn(bytes) + 1] = 100; });
+}
+
+}  // namespace
+}  // namespace quernstoke
+
+int main(int count, char** arguments) {
+  if (count != 2) {
+    std::cerr << "usage: packCorpus DIRECTORY\n";
+    return 2;
+  }
+  try {
+    quernstoke::packAll(quernstoke::Corpus(arguments[1]));
+  } catch (const std::exception& failure) {
+    std::cerr << failure.what() << '\n';
+    return 1;
+  }
+  return 0;
+}

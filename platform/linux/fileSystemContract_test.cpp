@@ -1,0 +1,273 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <set>
+#include <sys/stat.h>
+#include <vector>
+
+#include "platform/linux/expectFailure.h"
+#include "platform/linux/linuxFileSystem.h"
+#include "platform/linux/temporaryTree.h"
+#include "testing/memoryFileSystem.h"
+
+namespace quernstoke {
+namespace {
+
+// The two file systems, each with an empty directory. The engine's tests hold for the real disk as
+// far as the one in memory answers as it does.
+
+struct RealDisk {
+  void makeReadOnly(const std::string& relative) const {
+    ASSERT_EQ(0, ::chmod(tree.path(relative).c_str(), 0444));
+  }
+
+  TemporaryTree tree;
+  LinuxFileSystem files{DriveTable()};
+  std::string root = tree.programPath();
+};
+
+struct MemoryDisk {
+  MemoryDisk() { files.directory(root); }
+  void makeReadOnly(const std::string& relative) {
+    files.setAttributes(root + "\\" + relative, attributeReadOnly);
+  }
+
+  MemoryFileSystem files;
+  std::string root = "C:\\root";
+};
+
+template <class Disk>
+class FileSystemContractTest : public testing::Test {
+ protected:
+  std::string at(const std::string& relative) const { return disk_.root + "\\" + relative; }
+
+  void makeFile(const std::string& relative, std::string_view content = {}) {
+    const FileNumber file = files_.open(at(relative), OpenMode::output);
+    files_.write(file, content);
+    files_.close(file);
+  }
+  std::string content(const std::string& relative) {
+    std::string bytes(100, ' ');
+    const FileNumber file = files_.open(at(relative), OpenMode::sharedBinary);
+    bytes.resize(files_.read(file, bytes));
+    files_.close(file);
+    return bytes;
+  }
+  std::set<std::string> names(int mask) {
+    std::set<std::string> found;
+    for (const auto listing = files_.list(disk_.root, mask); listing->next();)
+      found.emplace(listing->name());
+    return found;
+  }
+
+  Disk disk_;
+  FileSystem& files_ = disk_.files;
+  const std::vector<OpenMode> readingModes_ = {OpenMode::input, OpenMode::sharedBinary};
+  const std::vector<OpenMode> writingModes_ = {OpenMode::output, OpenMode::binary,
+                                               OpenMode::update};
+};
+
+using FileSystems = testing::Types<RealDisk, MemoryDisk>;
+TYPED_TEST_SUITE(FileSystemContractTest, FileSystems);
+
+TYPED_TEST(FileSystemContractTest, MissingFileIsToldFromAMissingWayToIt) {
+  FileSystem& files = this->files_;
+  this->makeFile("file");
+  const auto expectFailures = [&](const std::string& path, FailureNumber number) {
+    SCOPED_TRACE(path);
+    EXPECT_EQ(number, failureOf([&] { files.attributes(path); }));
+    EXPECT_EQ(number, failureOf([&] { files.clearAttributes(path); }));
+    EXPECT_EQ(number, failureOf([&] { files.length(path); }));
+    EXPECT_EQ(number, failureOf([&] { files.modified(path); }));
+    EXPECT_EQ(number, failureOf([&] { files.remove(path); }));
+    EXPECT_EQ(number, failureOf([&] { files.rename(path, this->at("new")); }));
+    for (const OpenMode mode : {OpenMode::input, OpenMode::sharedBinary, OpenMode::update})
+      EXPECT_EQ(number, failureOf([&] { files.open(path, mode); }));
+  };
+  expectFailures(this->at("none"), FailureNumber::fileNotFound);
+  expectFailures(this->at("none\\file"), FailureNumber::pathNotFound);
+  expectFailures(this->at("file\\below"), FailureNumber::pathNotFound);
+  expectFailures("Q:\\file", FailureNumber::pathNotFound);
+  EXPECT_FAILURE(pathNotFound, files.rename(this->at("file"), this->at("none\\file")));
+  for (const OpenMode mode : {OpenMode::output, OpenMode::binary})
+    EXPECT_FAILURE(pathNotFound, files.open(this->at("none\\file"), mode));
+}
+
+TYPED_TEST(FileSystemContractTest, MissingDirectoryIsAPathNotFound) {
+  this->makeFile("file");
+  for (const std::string& path :
+       {this->at("none"), this->at("none\\below"), this->at("file\\below")}) {
+    SCOPED_TRACE(path);
+    EXPECT_FAILURE(pathNotFound, this->files_.list(path, attributeDirectory));
+    EXPECT_FAILURE(pathNotFound, this->files_.removeDirectory(path));
+    EXPECT_FAILURE(pathNotFound, this->files_.makeDirectory(path + "\\deeper"));
+    EXPECT_FALSE(this->files_.canEnter(path));
+  }
+  EXPECT_FAILURE(pathNotFound, this->files_.list(this->at("file"), attributeDirectory));
+  EXPECT_FALSE(this->files_.canEnter(this->at("file")));
+}
+
+TYPED_TEST(FileSystemContractTest, PathThatExistsIsNotMadeAgain) {
+  this->makeFile("file");
+  this->files_.makeDirectory(this->at("Made"));
+  for (const char* name : {"Made", "made", "file"})
+    EXPECT_FAILURE(pathFileAccess, this->files_.makeDirectory(this->at(name))) << name;
+  EXPECT_TRUE(this->files_.canEnter(this->at("MADE")));
+}
+
+TYPED_TEST(FileSystemContractTest, OnlyEmptyDirectoriesAreRemoved) {
+  this->files_.makeDirectory(this->at("made"));
+  this->makeFile("made\\file");
+  EXPECT_FAILURE(pathFileAccess, this->files_.removeDirectory(this->at("made")));
+  EXPECT_FAILURE(pathFileAccess, this->files_.removeDirectory(this->at("made\\file")));
+  EXPECT_FAILURE(pathFileAccess, this->files_.remove(this->at("made")));
+  this->files_.remove(this->at("made\\file"));
+  this->files_.removeDirectory(this->at("MADE"));
+  EXPECT_FALSE(this->files_.canEnter(this->at("made")));
+}
+
+TYPED_TEST(FileSystemContractTest, ReadOnlyFileIsKeptUntilItsAttributesAreCleared) {
+  this->makeFile("file", "kept");
+  this->disk_.makeReadOnly("file");
+  EXPECT_EQ(attributeReadOnly | attributeArchive, this->files_.attributes(this->at("file")));
+  for (const OpenMode mode : this->writingModes_)
+    EXPECT_FAILURE(pathFileAccess, this->files_.open(this->at("file"), mode));
+  EXPECT_FAILURE(pathFileAccess, this->files_.remove(this->at("file")));
+  for (const OpenMode mode : this->readingModes_)
+    this->files_.close(this->files_.open(this->at("file"), mode));
+  EXPECT_EQ("kept", this->content("file"));
+
+  this->files_.clearAttributes(this->at("file"));
+  EXPECT_EQ(attributeArchive, this->files_.attributes(this->at("file")));
+  this->makeFile("file", "new");
+  EXPECT_EQ("new", this->content("file"));
+}
+
+TYPED_TEST(FileSystemContractTest, RenameNeverReplaces) {
+  this->makeFile("from", "from");
+  this->makeFile("To", "to");
+  this->files_.makeDirectory(this->at("made"));
+  for (const char* name : {"To", "TO", "made", "from"})
+    EXPECT_FAILURE(fileAlreadyExists, this->files_.rename(this->at("from"), this->at(name)))
+        << name;
+  EXPECT_EQ("from", this->content("from"));
+  EXPECT_EQ("to", this->content("To"));
+}
+
+TYPED_TEST(FileSystemContractTest, RenameCanChangeTheCaseOfAName) {
+  this->makeFile("name", "content");
+  this->files_.rename(this->at("name"), this->at("Name"));
+  EXPECT_THAT(this->names(attributeArchive), testing::ElementsAre("Name"));
+  this->files_.rename(this->at("NAME"), this->at("NAME"));
+  EXPECT_THAT(this->names(attributeArchive), testing::ElementsAre("NAME"));
+  EXPECT_EQ("content", this->content("name"));
+}
+
+TYPED_TEST(FileSystemContractTest, RenameMovesBetweenDirectories) {
+  this->makeFile("file", "content");
+  this->files_.makeDirectory(this->at("made"));
+  this->files_.rename(this->at("FILE"), this->at("MADE\\New"));
+  EXPECT_EQ("content", this->content("made\\new"));
+  EXPECT_FAILURE(fileNotFound, this->files_.length(this->at("file")));
+}
+
+TYPED_TEST(FileSystemContractTest, DirectoriesAreListedOnlyWhenAskedFor) {
+  this->makeFile("file");
+  this->files_.makeDirectory(this->at("made"));
+  EXPECT_THAT(this->names(attributeArchive), testing::ElementsAre("file"));
+  EXPECT_THAT(this->names(attributeDirectory), testing::ElementsAre(".", "..", "file", "made"));
+}
+
+TYPED_TEST(FileSystemContractTest, ModesSayWhetherAFileIsMadeAndCut) {
+  const auto openAndClose = [&](const char* name, OpenMode mode) {
+    this->files_.close(this->files_.open(this->at(name), mode));
+  };
+  openAndClose("new", OpenMode::binary);
+  EXPECT_EQ("", this->content("new"));
+  for (const OpenMode mode : {OpenMode::input, OpenMode::binary, OpenMode::sharedBinary,
+                              OpenMode::update, OpenMode::output}) {
+    this->makeFile("file", "content");
+    openAndClose("FILE", mode);
+    EXPECT_EQ(mode == OpenMode::output ? "" : "content", this->content("file"));
+  }
+}
+
+TYPED_TEST(FileSystemContractTest, DirectoryIsNotOpenedAsAFile) {
+  this->files_.makeDirectory(this->at("made"));
+  for (const OpenMode mode :
+       {OpenMode::input, OpenMode::output, OpenMode::binary, OpenMode::update})
+    EXPECT_FAILURE(pathFileAccess, this->files_.open(this->at("made"), mode));
+  EXPECT_FAILURE(pathFileAccess, this->content("made"));
+}
+
+TYPED_TEST(FileSystemContractTest, ModesSayWhetherAFileIsReadOrWritten) {
+  this->makeFile("file", "content");
+  char byte = ' ';
+  for (const OpenMode mode : this->readingModes_) {
+    const FileNumber file = this->files_.open(this->at("file"), mode);
+    EXPECT_FAILURE(pathFileAccess, this->files_.write(file, "x"));
+    this->files_.close(file);
+  }
+  const FileNumber file = this->files_.open(this->at("file"), OpenMode::output);
+  EXPECT_FAILURE(pathFileAccess, this->files_.read(file, {&byte, 1}));
+  this->files_.close(file);
+}
+
+TYPED_TEST(FileSystemContractTest, ReadPastTheEndGivesWhatThereIs) {
+  this->makeFile("file", "12345");
+  const FileNumber file = this->files_.open(this->at("file"), OpenMode::sharedBinary);
+  std::string bytes(4, ' ');
+  EXPECT_EQ(5, this->files_.openLength(file));
+  EXPECT_EQ(4U, this->files_.read(file, bytes));
+  EXPECT_FALSE(this->files_.atEnd(file));
+  EXPECT_EQ(1U, this->files_.read(file, bytes));
+  EXPECT_EQ("5234", bytes);
+  EXPECT_TRUE(this->files_.atEnd(file));
+  EXPECT_EQ(0U, this->files_.read(file, bytes));
+  this->makeFile("file", "123456789");
+  EXPECT_EQ(4U, this->files_.read(file, bytes));
+  EXPECT_EQ("6789", bytes);
+  EXPECT_FALSE(this->files_.atEnd(file));
+
+  this->files_.seek(file, 1);
+  EXPECT_FALSE(this->files_.atEnd(file));
+  EXPECT_FAILURE(invalidProcedureCall, this->files_.seek(file, -1));
+  EXPECT_EQ(4U, this->files_.read(file, bytes));
+  EXPECT_EQ("2345", bytes);
+  EXPECT_FALSE(this->files_.atEnd(file));
+  this->files_.close(file);
+}
+
+TYPED_TEST(FileSystemContractTest, SequentialReadingIsAtTheEndWithTheLastByte) {
+  this->makeFile("file", "12");
+  const FileNumber file = this->files_.open(this->at("file"), OpenMode::input);
+  std::string bytes(2, ' ');
+  EXPECT_FALSE(this->files_.atEnd(file));
+  this->files_.read(file, bytes);
+  EXPECT_TRUE(this->files_.atEnd(file));
+  this->files_.close(file);
+}
+
+TYPED_TEST(FileSystemContractTest, WritingBeyondTheEndFillsTheGap) {
+  this->makeFile("file", "12");
+  const FileNumber file = this->files_.open(this->at("file"), OpenMode::binary);
+  this->files_.seek(file, 4);
+  this->files_.write(file, "5");
+  this->files_.close(file);
+  EXPECT_EQ(std::string("12\0\0005", 5), this->content("file"));
+}
+
+TYPED_TEST(FileSystemContractTest, NumbersOfClosedFilesAreGivenOutAgain) {
+  this->makeFile("file");
+  const auto open = [this] { return this->files_.open(this->at("file"), OpenMode::input); };
+  EXPECT_EQ(1, open());
+  EXPECT_EQ(2, open());
+  this->files_.close(1);
+  EXPECT_FAILURE(invalidProcedureCall, this->files_.close(1));
+  EXPECT_FAILURE(invalidProcedureCall, this->files_.seek(0, 0));
+  EXPECT_EQ(1, open());
+  this->files_.close(1);
+  this->files_.close(2);
+}
+
+}  // namespace
+}  // namespace quernstoke

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "testing/fakes.h"
+#include "testing/memoryFileSystem.h"
+#include "testing/scriptedArchives.h"
+
+namespace quernstoke {
+
+// The engine at its start-up state over stand-ins for all that lies outside it: a disk in memory
+// with the program in C:\Quernstoke, its directories made, no log open and no profile selected.
+struct StandIns {
+  StandIns();
+  ~StandIns();
+  StandIns(const StandIns&) = delete;
+  StandIns& operator=(const StandIns&) = delete;
+
+  MemoryFileSystem disk;
+  ScriptedArchives archiveLibrary{disk};
+  ScriptedDialogs dialogBoxes;
+  ScriptedDesktop desk;
+  ScriptedEvents eventLoop;
+  ManualClock clock;
+  PlainLocale locale;
+  WindowLog windows;
+  ScriptedMainWindow mainWindow{windows};
+  ScriptedScanStatusWindow statusWindow{windows};
+  ScriptedResultsWindow resultsWindow{windows};
+};
+
+}  // namespace quernstoke
