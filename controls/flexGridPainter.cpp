@@ -61,7 +61,6 @@ void FlexGridPainter::paint(const QRect& area) {
   const int last = std::min(layout_.nearestRow(area.bottom()), layout_.rows - 1);
   for (int row = first; row <= last; ++row)
     paintRow(row, area);
-  paintFocus();
   if (area.top() < layout_.headerHeight) paintTitles();
 }
 
@@ -88,6 +87,7 @@ void FlexGridPainter::paintCell(int row, int col) {
     }
     if (cell.foreColour) text = QColor::fromRgb(*cell.foreColour);
   }
+  paintFocus(row, col);
   painter_.setPen(text);
   paintPicture(cell, rect);
   paintText(cell, qtAlignment(grid_.alignmentOf(row, col)), rect);
@@ -118,17 +118,16 @@ void FlexGridPainter::paintPicture(const GridCell& cell, const QRect& rect) {
   painter_.restore();
 }
 
-void FlexGridPainter::paintFocus() {
-  if (!widget_.hasFocus() || grid_.row() < grid_.topRow()) return;
-  const int row = grid_.row().raw(), col = grid_.col().raw();
+// Below the text, which some styles would cover.
+void FlexGridPainter::paintFocus(int row, int col) {
+  if (!widget_.hasFocus() || grid_.row() != row || grid_.col() != col) return;
   QStyleOptionFocusRect option;
   option.initFrom(&widget_);
   option.rect = layout_.cellRect(row, col);
   option.state |= QStyle::State_KeyboardFocusChange;
   option.backgroundColor = widget_.palette().color(
-      colours_, grid_.isSelected(row, col) ? QPalette::Highlight : QPalette::Base);
-  if (!option.rect.isEmpty())
-    widget_.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter_, &widget_);
+      colours_, QPalette::Highlight);  // The current cell is always selected.
+  widget_.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter_, &widget_);
 }
 
 void FlexGridPainter::paintTitles() {

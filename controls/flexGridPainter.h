@@ -38,7 +38,7 @@ class FlexGridPainter {
   void paintCell(int row, int col);
   void paintText(const GridCell& cell, Qt::Alignment alignment, const QRect& rect);
   void paintPicture(const GridCell& cell, const QRect& rect);
-  void paintFocus();
+  void paintFocus(int row, int col);
   void paintTitles();
   void paintTitle(int col);
   void paintBesideTitles();

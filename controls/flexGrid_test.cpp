@@ -397,6 +397,19 @@ TEST_F(FlexGridTest, SelectedCellsAreInTheDesktopsHighlight) {
   EXPECT_EQ(picture().pixelColor(corner), grid.palette().color(group, QPalette::Highlight));
 }
 
+TEST_F(FlexGridTest, TheCurrentCellShowsTheFocus) {
+  grid.activateWindow();
+  grid.setFocus();
+  model.setRow(2);
+  model.setCol(1);
+  model.setColSel(2);
+  const QRect cell = grid.layoutOnScreen().cellRect(2, 1);
+  const QImage focused = picture().copy(cell);
+  model.setCol(2);
+  model.setColSel(1);
+  EXPECT_NE(picture().copy(cell), focused);
+}
+
 TEST_F(FlexGridTest, BoldAndStruckTextIsDrawnSo) {
   model.setRow(9);
   const QRect cell = grid.layoutOnScreen().cellRect(2, 1);

@@ -27,6 +27,8 @@ bool isMinimised(Qt::WindowStates states) {
 // Between two windows of the program there may be none for a moment; Qt would end it there.
 Form::Form(Qt::WindowFlags flags) : QDialog(nullptr, flags) {
   QGuiApplication::setQuitOnLastWindowClosed(false);
+  afterEvents_.setSingleShot(true);
+  connect(&afterEvents_, &QTimer::timeout, this, &Form::runOwed);
 }
 
 Form::~Form() {
@@ -116,8 +118,8 @@ void Form::setShownState(ShownState state) {
 // all controls have their sizes yet, and a handler may show a message box.
 
 void Form::owe(Handler handler) {
-  if (owed_ == 0) QMetaObject::invokeMethod(this, &Form::runOwed, Qt::QueuedConnection);
   owed_ |= handler;
+  afterEvents_.start();
 }
 
 bool Form::takeOwed(Handler handler) {

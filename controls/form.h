@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QPointer>
+#include <QTimer>
 #include <cstdint>
 
 class QPushButton;
@@ -81,7 +82,8 @@ class Form : public QDialog {
   void pressDefaultButton();
 
   Phase phase_ = Phase::made;
-  unsigned owed_ = 0;             // The handlers that are to run from the event loop.
+  unsigned owed_ = 0;  // The handlers that are to run from the event loop.
+  QTimer afterEvents_;
   bool firstActivation_ = false;  // The window has yet to become active since it was shown.
   QPointer<QPushButton> cancelButton_;
 };

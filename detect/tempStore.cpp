@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "catalogue/modUnzip.h"
 #include "core/helpers.h"
@@ -49,20 +50,38 @@ void unpackIntoTempDir(const std::string& zipPath, std::string entry, const std:
     ignoringFailure([&] { files().clearAttributes(target); });
 }
 
+// Whether a file lies at a path. Fails if that can't be told.
+bool fileLiesAt(const std::string& path) {
+  try {
+    return (files().attributes(path) & attributeArchive) != 0;
+  } catch (const Failure& failure) {
+    if (failure.is(FailureNumber::fileNotFound) || failure.is(FailureNumber::pathNotFound))
+      return false;
+    throw;
+  }
+}
+
 // A file of the temp directory that has the name of an entry to be extracted. As it may be a
 // person's own, it is out of the way meanwhile, and has its name back afterwards.
 class SetAside {
  public:
   explicit SetAside(const std::string& path) : path_(path) {
-    if (!basFileExists(path)) return;
+    if (!fileLiesAt(path)) return;
     Int32 number = 1;
-    while (basFileExists(asideName(number)))
+    while (fileLiesAt(asideName(number)))
       ++number;
-    files().rename(path, asideName(number));
-    aside_ = asideName(number);
+    std::string name = asideName(number);
+    files().rename(path, name);
+    aside_ = std::move(name);
   }
   ~SetAside() {
-    if (!aside_.empty()) ignoringFailure([&] { files().rename(aside_, path_); });
+    if (aside_.empty()) return;
+    ignoringFailure([&] {
+      // An entry that could not be moved away would keep the name.
+      if (fileLiesAt(path_)) files().remove(path_);
+    });
+    if (ignoringFailure([&] { files().rename(aside_, path_); }) != 0)
+      basLogMsg("Unable to rename file " + aside_ + " back to " + path_);
   }
   SetAside(const SetAside&) = delete;
   SetAside& operator=(const SetAside&) = delete;

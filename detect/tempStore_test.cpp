@@ -202,6 +202,37 @@ TEST_F(TempEntryTest, FileThatWasThereBeforeIsNotTakenForTheEntry) {
   EXPECT_EQ(disk.content(inTempDir("a.txt")), "a person's");
 }
 
+TEST_F(TempEntryTest, NothingIsExtractedWhereAFileCannotBeLookedAt) {
+  disk.file(inTempDir("a.txt"), "a person's");
+  disk.failOn(DiskAction::attributes, inTempDir("a.txt"), FailureNumber::deviceError);
+  EXPECT_EQ(extract(), "");
+  EXPECT_EQ(disk.content(inTempDir("a.txt")), "a person's");
+  EXPECT_THAT(archiveLibrary.calls, IsEmpty());
+  EXPECT_THAT(
+      dialogBoxes.messages,
+      ElementsAre("Procedure error in 'basExtractZipEntry'.  Reason: Device I/O error(57)."));
+}
+
+TEST_F(TempEntryTest, FileThatWasThereBeforeHasItsNameBackWhateverFails) {
+  // Of the extracted file: the probe of it, and its move to the temp name.
+  for (const DiskAction action : {DiskAction::attributes, DiskAction::rename}) {
+    disk.file(inTempDir("a.txt"), "a person's");
+    disk.failOn(action, inTempDir("a.txt"), FailureNumber::deviceError, 2);
+    EXPECT_EQ(extract(), "");
+    EXPECT_EQ(disk.content(inTempDir("a.txt")), "a person's");
+    EXPECT_THAT(disk.names(temp), ElementsAre("a.txt"));
+  }
+}
+
+TEST_F(TempEntryTest, FileThatCannotHaveItsNameBackIsLogged) {
+  disk.file(inTempDir("a.txt"), "a person's");
+  disk.failOn(DiskAction::rename, inTempDir("KEPT1"), FailureNumber::permissionDenied);
+  EXPECT_EQ(extract(), inTempDir("TMP1"));
+  EXPECT_EQ(disk.content(inTempDir("KEPT1")), "a person's");
+  EXPECT_THAT(logLines(), ElementsAre("Unable to rename file " + inTempDir("KEPT1") + " back to " +
+                                      inTempDir("a.txt")));
+}
+
 TEST_F(TempEntryTest, EntryThatCannotBeRenamedIsAProcedureError) {
   disk.failOn(DiskAction::rename, inTempDir("a.txt"), FailureNumber::permissionDenied);
   EXPECT_EQ(extract(), "");

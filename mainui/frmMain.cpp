@@ -33,6 +33,7 @@ frmMain::frmMain()
   ui_->setupUi(this);
   labSizer_ = new MeasuringLabel(this);
   ui_->sbarStatus->setPanelCount(statusPanelCount);
+  ui_->fraStartMode->setVisible(false);
   ui_->tabMain->tabBar()->setFocusPolicy(Qt::StrongFocus);
   chkMatchingOption_ = {ui_->chkMatchingOption_0, ui_->chkMatchingOption_1,
                         ui_->chkMatchingOption_2};
@@ -111,13 +112,7 @@ void frmMain::connectControls() {
 void frmMain::preparePictures() {
   ui_->cmdViewPreviousResults->setIcon(picture("PreviousResults"));
   ui_->cmdDeleteProfile->setIcon(picture("DeleteProfile"));
-  const std::initializer_list<std::pair<const char*, QString>> kinds = {
-      {"SmallPlus", tr("included")},
-      {"SmallMinus", tr("excluded")},
-      {"ExcludeTwoTop", tr("not compared with the next")},
-      {"ExcludeTwoBottom", tr("not compared with the one before")}};
-  for (const auto& [name, meaning] : kinds)
-    ui_->gridList->addPicture(name, picture(name), pictureSize(name), meaning);
+  prepareDirectoryGrid();
 }
 
 // In the unit that pictures are measured in.

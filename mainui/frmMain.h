@@ -43,6 +43,7 @@ class frmMain : public Form {
  protected:
   void Form_Load() override;
   void Form_Activate() override;
+  void Form_Resize() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -76,8 +77,10 @@ class frmMain : public Form {
 
   // The directory list.
   void basUpdateDirGrid();
+  void prepareDirectoryGrid();
   void addDirectoryRow(Int32 slot);
   void restoreSelectedRow(Int32 rowBefore);
+  void fitColumns();
   void basAddEditDir(Int16 row);
   void cmdAddList_Click();
   void cmdEditList_Click();

@@ -10,6 +10,7 @@
 #include "mainui/frmMain.h"
 #include "mainui/modalForms.h"
 #include "mainui/quickHelp.h"
+#include "pictures/pictures.h"
 #include "results/gridWidths.h"
 #include "settings/settings.h"
 #include "ui_frmMain.h"
@@ -52,6 +53,18 @@ FlexGridModel& frmMain::gridList() const {
   return ui_->gridList->model();
 }
 
+void frmMain::prepareDirectoryGrid() {
+  const std::initializer_list<std::pair<const char*, QString>> kinds = {
+      {"SmallPlus", tr("included")},
+      {"SmallMinus", tr("excluded")},
+      {"ExcludeTwoTop", tr("not compared with the next")},
+      {"ExcludeTwoBottom", tr("not compared with the one before")}};
+  for (const auto& [name, meaning] : kinds)
+    ui_->gridList->addPicture(name, picture(name), pictureSize(name), meaning);
+  gridList().setFormatString(columnTitles);
+  gridList().setEnabled(false);
+}
+
 void frmMain::basUpdateDirGrid() {
   procedure("basUpdateDirGrid", [this] {
     const bool hasProfile = !ProfileName.empty();
@@ -64,7 +77,7 @@ void frmMain::basUpdateDirGrid() {
     gridList().setFormatString(columnTitles);
     for (Int32 slot = 1; !ProfileDirList[slot].Dir.empty(); ++slot)
       addDirectoryRow(slot);
-    basAutoSetGridWidth(gridList(), directoryColumn, *labSizer_, Int16(pictureWidth() + 100));
+    fitColumns();
     restoreSelectedRow(rowBefore);
     gridList().setRedraw(true);
     updateHelp();
@@ -80,6 +93,15 @@ void frmMain::addDirectoryRow(Int32 slot) {
   gridList().editCell(slot, recurseColumn).text = spec.RecurseSubDirs ? "YES" : "No";
   if (spec.IncludeExclude == "I")
     gridList().editCell(slot, fileTypesColumn).text = fileTypesText(spec.IncludeExtensions);
+}
+
+void frmMain::fitColumns() {
+  basAutoSetGridWidth(gridList(), directoryColumn, *labSizer_, Int16(pictureWidth() + 100));
+}
+
+// At its first showing, too: only then does the grid have its size.
+void frmMain::Form_Resize() {
+  fitColumns();
 }
 
 void frmMain::restoreSelectedRow(Int32 rowBefore) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <iterator>
 
 namespace quernstoke {
 
@@ -72,6 +73,34 @@ auto findNamed(Nodes& nodes, const std::string& name) {
 }
 
 }  // namespace
+
+std::string describe(const DiskCall& call) {
+  // In the order of DiskAction.
+  constexpr const char* actions[] = {"list",
+                                     "next entry of",
+                                     "attributes of entry",
+                                     "size of entry",
+                                     "date of entry",
+                                     "can enter",
+                                     "make directory",
+                                     "remove directory",
+                                     "attributes of",
+                                     "clear attributes of",
+                                     "length of",
+                                     "date of",
+                                     "remove",
+                                     "rename",
+                                     "open",
+                                     "read",
+                                     "write",
+                                     "seek in",
+                                     "length of open",
+                                     "end of",
+                                     "close"};
+  static_assert(std::size(actions) == static_cast<std::size_t>(DiskAction::close) + 1);
+  return std::string(actions[static_cast<std::size_t>(call.action)]) + " " + call.path +
+         (call.position != 0 ? " at " + std::to_string(call.position) : "");
+}
 
 // Reads the directory as it is at each step, so that a test can change it in between.
 class MemoryFileSystem::Listing : public DirectoryListing {
@@ -255,6 +284,13 @@ int MemoryFileSystem::openFiles() const {
   return static_cast<int>(open_.size());
 }
 
+std::vector<std::string> MemoryFileSystem::openPaths() const {
+  std::vector<std::string> paths;
+  for (const auto& [number, file] : open_)
+    paths.push_back(file.path);
+  return paths;
+}
+
 int MemoryFileSystem::count(DiskAction action, std::string_view path) const {
   return static_cast<int>(std::count_if(calls.begin(), calls.end(), [&](const DiskCall& call) {
     return call.action == action && folded(call.path) == folded(path);
@@ -277,7 +313,11 @@ std::unique_ptr<DirectoryListing> MemoryFileSystem::list(std::string_view direct
 }
 
 bool MemoryFileSystem::canEnter(std::string_view directory) {
-  note(DiskAction::canEnter, directory);
+  try {
+    note(DiskAction::canEnter, directory);
+  } catch (const Failure&) {
+    return false;  // This call tells of a failure in its answer.
+  }
   const auto node = find(directory);
   return node && node->isDirectory;
 }
@@ -408,9 +448,9 @@ bool MemoryFileSystem::atEnd(FileNumber file) {
 }
 
 void MemoryFileSystem::close(FileNumber file) {
-  const OpenFile& closing = opened(file);
-  note(DiskAction::close, closing.path);
-  open_.erase(file);
+  const std::string path = opened(file).path;
+  open_.erase(file);  // A file that fails to close is closed, as on the real disk.
+  note(DiskAction::close, path);
 }
 
 }  // namespace quernstoke

@@ -46,6 +46,8 @@ struct DiskCall {
   OpenMode mode = OpenMode::input;  // Of an open.
 };
 
+std::string describe(const DiskCall& call);  // In words, for a message of a test.
+
 // A disk in memory, with drive letters and backslashes, that answers as the real one does: names
 // are looked up without regard to case, directories keep the order in which entries were made.
 // A hook sees each call before it is carried out and may change the disk, or throw a Failure.
@@ -67,6 +69,7 @@ class MemoryFileSystem : public FileSystem {
   // Every file with its content, by path.
   std::map<std::string, std::string> allFiles() const;
   int openFiles() const;
+  std::vector<std::string> openPaths() const;
 
   // What has been asked of the disk, and what sees it first.
   std::vector<DiskCall> calls;
