@@ -25,6 +25,12 @@ std::invoke_result_t<Steps> procedure(const char* name, Steps&& steps) {
   return std::invoke_result_t<Steps>();
 }
 
+// Runs the steps of the procedure `name`, which goes on with the next one after a failure is shown.
+template <class... Steps>
+void procedureGoingOn(const char* name, Steps&&... steps) {
+  (procedure(name, std::forward<Steps>(steps)), ...);
+}
+
 // Runs one statement whose failure is of no concern. Returns the failure's number, 0 for none.
 template <class Statement>
 int ignoringFailure(Statement&& statement) {

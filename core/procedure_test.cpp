@@ -50,6 +50,15 @@ TEST_F(ProcedureTest, AFailureEndsTheInnermostProcedureAlone) {
               ElementsAre("Procedure error in 'basInner'.  Reason: Subscript out of range(9)."));
 }
 
+TEST_F(ProcedureTest, SomeProceduresGoOnWithTheNextStepAfterAFailure) {
+  int done = 0;
+  procedureGoingOn(
+      "Timer1_Timer", [&] { ++done; }, [] { fail(FailureNumber::overflow); }, [&] { ++done; });
+  EXPECT_EQ(done, 2);
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre("Procedure error in 'Timer1_Timer'.  Reason: Overflow(6)."));
+}
+
 TEST_F(ProcedureTest, ExhaustedMemoryIsAFailureToo) {
   procedure("basAny", [] { throw std::bad_alloc(); });
   EXPECT_THAT(dialogBoxes.messages,
