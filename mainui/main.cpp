@@ -79,7 +79,7 @@ int run(int argc, char** argv) {
   // The toolkit gets no option of the command line.
   int toolkitArguments = 1;
   const QApplication application(toolkitArguments, argv);
-  QApplication::setApplicationDisplayName("Quernstoke");
+  QApplication::setApplicationName("Quernstoke");
   QApplication::setDesktopFileName("quernstoke");
   QApplication::setWindowIcon(programIcon());
 

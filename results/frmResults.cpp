@@ -1,6 +1,7 @@
 #include "results/frmResults.h"
 
 #include <QVBoxLayout>
+#include <map>
 #include <string>
 
 #include "catalogue/fileTable.h"
@@ -17,14 +18,13 @@ std::string pathOf(Int32 file) {
   return basGetDirnameFromFilenum(file) + "\\" + std::string(FileTable.FileName[file]);
 }
 
-// Files of one match number stand together after a scan.
 std::string setsAsText() {
+  std::map<std::int32_t, std::string> sets;  // By match number.
+  for (Int32 file = 1; file <= FileCount; ++file)
+    sets[FileTable.FileStatus[statusMatch][file].raw()] += pathOf(file) + '\n';
   std::string text;
-  for (Int32 file = 1; file <= FileCount; ++file) {
-    const Table<Int32>& numbers = FileTable.FileStatus[statusMatch];
-    if (file > 1 && numbers[file] != numbers[file - 1]) text += '\n';
-    text += pathOf(file) + '\n';
-  }
+  for (const auto& [number, paths] : sets)
+    text += paths + '\n';
   return text;
 }
 
