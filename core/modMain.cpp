@@ -9,6 +9,7 @@
 #include "detect/modLinkedList.h"
 #include "detect/refinement.h"
 #include "detect/tempStore.h"
+#include "mainui/modalForms.h"
 #include "platform/fileSystem.h"
 #include "platform/platform.h"
 #include "platform/windows.h"
@@ -56,6 +57,7 @@ void Main() {
     ensureDirectory(TempDir);
     allocateTables();
     basLoadProfile("GLOBAL");
+    if (modalForms.frmSplashScreen) modalForms.frmSplashScreen();
     ProfileName = CommandLineProfile;
     frmMain().load();
     frmMain().show();

@@ -5,9 +5,11 @@
 #include "catalogue/modUnzip.h"
 #include "core/log.h"
 #include "core/startUpState.h"
+#include "core/text.h"
 #include "detect/modLinkedList.h"
 #include "detect/refinement.h"
 #include "detect/tempStore.h"
+#include "mainui/modalForms.h"
 #include "results/matchGroupIndex.h"
 #include "settings/profileStore.h"
 #include "settings/settings.h"
@@ -122,6 +124,15 @@ TEST_F(ModMainTest, AStartLoadsTheGlobalSettings) {
   GlobalSettings = {};
   start();
   EXPECT_EQ(GlobalSettings.FileBufferSize, 4096);
+}
+
+TEST_F(ModMainTest, SplashScreenComesBetweenTheSettingsAndTheMainWindow) {
+  modalForms.frmSplashScreen = [this] {
+    windows.push_back("splash with " + toText(GlobalSettings.NumberOfFileBuffers) + " buffers");
+  };
+  start();
+  modalForms = {};
+  EXPECT_THAT(windows, ElementsAre("splash with 500 buffers", "frmMain load", "frmMain show"));
 }
 
 TEST_F(ModMainTest, NoProfileIsSelectedAfterAStart) {
