@@ -14,6 +14,7 @@
 #include "detect/tempStore.h"
 #include "mainui/quickHelp.h"
 #include "progress/scanStatus.h"
+#include "results/gridPaging.h"
 #include "results/matchGroupIndex.h"
 #include "settings/settings.h"
 
@@ -22,9 +23,8 @@ namespace quernstoke {
 namespace {
 
 void resetCore() {
-  for (std::string* text :
-       {&AppPath, &ExeName, &ProfilesDir, &TempDir, &ProfileName,
-        &ProcessCommandLine, &CommandLineProfile})
+  for (std::string* text : {&AppPath, &ExeName, &ProfilesDir, &TempDir, &ProfileName,
+                            &ProcessCommandLine, &CommandLineProfile})
     text->clear();
   LogFileNumber = 0;
   RunState = StartMode = ScanAttributes = CurrentMatchNum = ContentPercentLimit = HelpState = 0;
@@ -63,6 +63,12 @@ void resetDetection() {
   TempSpaceBudgetKB = TempUsedKB = TempFileCounter = 0;
 }
 
+void resetResults() {
+  ResultsView = ResultsGroup = GridPageRows = GridLinesPerFile = GridPageCount = GridCurrentPage =
+      0;
+  GridFirstFile = GridLastFile = GridPrevScroll = 0;
+}
+
 }  // namespace
 
 void resetToStartUpState() {
@@ -70,6 +76,7 @@ void resetToStartUpState() {
   resetSettings();
   resetCatalogue();
   resetDetection();
+  resetResults();
 }
 
 }  // namespace quernstoke
