@@ -15,6 +15,7 @@
 #include "mainui/modalForms.h"
 #include "mainui/quickHelp.h"
 #include "progress/scanStatus.h"
+#include "results/gridPaging.h"
 #include "results/matchGroupIndex.h"
 #include "settings/settings.h"
 
@@ -69,6 +70,12 @@ void resetDialogs() {
   modalForms = {};
 }
 
+void resetResults() {
+  ResultsView = ResultsGroup = GridPageRows = GridLinesPerFile = GridPageCount = GridCurrentPage =
+      0;
+  GridFirstFile = GridLastFile = GridPrevScroll = 0;
+}
+
 }  // namespace
 
 void resetToStartUpState() {
@@ -77,6 +84,7 @@ void resetToStartUpState() {
   resetCatalogue();
   resetDetection();
   resetDialogs();
+  resetResults();
 }
 
 }  // namespace quernstoke

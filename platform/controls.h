@@ -29,6 +29,26 @@ class TaggedControl {
   virtual void setTag(std::string_view tag) = 0;
 };
 
+class PictureButtonControl : public TaggedControl {
+ public:
+  virtual void setPicture(std::string_view key) = 0;
+};
+
+// A vertical scroll bar. Whoever moves it, its change is told as one; the tag says whether the
+// program itself is moving it.
+class ScrollBarControl : public TaggedControl {
+ public:
+  virtual std::int16_t minimum() const = 0;
+  virtual std::int16_t maximum() const = 0;
+  virtual std::int16_t largeChange() const = 0;  // What a click beside the thumb moves it by.
+  virtual std::int16_t value() const = 0;
+  virtual void setMinimum(std::int16_t minimum) = 0;
+  virtual void setMaximum(std::int16_t maximum) = 0;
+  virtual void setLargeChange(std::int16_t change) = 0;
+  virtual void setValue(std::int16_t value) = 0;
+  virtual void setVisible(bool visible) = 0;
+};
+
 class TextControl {
  public:
   virtual ~TextControl() = default;

@@ -4,8 +4,11 @@
 
 #include "controls/flexGridModel.h"
 #include "core/procedure.h"
+#include "core/rounding.h"
 #include "core/table.h"
 #include "platform/controls.h"
+#include "results/gridPaging.h"
+#include "results/resultsControls.h"
 
 namespace quernstoke {
 
@@ -32,7 +35,8 @@ void measureRow(const FlexGridModel& grid, Int32 row, BoldRuler& ruler, Int16 pi
 void shareOut(Int32 room, Int16 expandCol, Table<Int32>& widths) {
   Int32 used = 0;
   for (Int32 col = 0; col <= widths.upperBound(); ++col) {
-    widths[col] = std::clamp(widths[col], Int32(0), std::max(room / 2, Int32(0)));
+    if (widths[col] > room / 2) widths[col] = roundedQuotient(room.raw(), 2);
+    widths[col] = std::max(widths[col], Int32(0));
     if (col != Int32(expandCol)) used += widths[col];
   }
   widths[expandCol] = room >= used ? room - used : Int32(leastExpanded);
@@ -64,6 +68,34 @@ void basAutoSetGridWidth(FlexGridModel& grid, Int16 expandCol, BoldRuler& ruler,
       grid.setColSel(grid.cols() - 1);
     }
     grid.setRedraw(redrawBefore);
+  });
+}
+
+void basSetGridWidth(ResultsControls& form) {
+  procedure("basSetGridWidth", [&] {
+    FlexGridModel& grid = form.gridMatches();
+    const auto setByText = [&](Int32 col, std::string_view text) {
+      grid.setColWidth(col, form.labSizer().width(text));
+      return grid.colWidth(col);
+    };
+    const bool oneLine = ResultsView == resultsView::oneLine;
+    grid.setColWidth(0, form.pictureWidth("SimpleTick"));
+    Int32 used = setByText(oneLine ? 3 : 2, "--00/00/2000--");
+    if (oneLine) used += setByText(4, "--99999999");
+    const Int32 rest = grid.width() - used - grid.colWidth(0);
+    if (!oneLine) return grid.setColWidth(1, rest);
+    const Int32 half = roundedQuotient(rest.raw(), 2);
+    grid.setColWidth(1, half);
+    grid.setColWidth(2, half);
+  });
+}
+
+void cmdAutoResize_Click(ResultsControls& form) {
+  procedure("cmdAutoResize_Click", [&] {
+    PictureButtonControl& button = form.cmdAutoResize();
+    const bool wasOn = button.tag() == "1";
+    button.setPicture(wasOn ? "Off" : "On");
+    button.setTag(wasOn ? "0" : "1");
   });
 }
 

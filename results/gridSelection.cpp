@@ -1,0 +1,107 @@
+#include "results/gridSelection.h"
+
+#include <algorithm>
+
+#include "catalogue/fileTable.h"
+#include "controls/flexGridModel.h"
+#include "core/procedure.h"
+#include "results/gridPaging.h"
+#include "results/gridTicks.h"
+#include "results/resultsControls.h"
+
+namespace quernstoke {
+
+namespace {
+
+constexpr int tickColumn = 0;
+constexpr int noRow = -1;
+
+// The selection's rows from above, whichever way it was dragged.
+RowArea selectedRows(const FlexGridModel& grid) {
+  return {std::min(grid.row(), grid.rowSel()), std::max(grid.row(), grid.rowSel())};
+}
+
+// From the first file's first row to the last file's last one; empty rows at the end don't count.
+RowArea draggedRows(const FlexGridModel& grid) {
+  RowArea range = selectedRows(grid);
+  const RowArea first = basSelectedRowArea(range.firstRow, grid);
+  if (first.isFile()) range.firstRow = first.firstRow;
+  const RowArea last = basSelectedRowArea(range.lastRow, grid);
+  if (last.isFile())
+    range.lastRow = last.lastRow;
+  else
+    while (grid.rowData(range.lastRow) == rowMark::empty)
+      --range.lastRow;
+  return range;
+}
+
+// A click on an empty row is taken for one on the row whose number is that of the last file, which
+// in a short list is the last file.
+RowArea clickedRows(const FlexGridModel& grid) {
+  Int32 row = grid.row();
+  const RowArea area = basSelectedRowArea(row, grid);
+  return area.isFile() ? area : RowArea{FileCount, FileCount};
+}
+
+void toggleTicks(FlexGridModel& grid, const RowArea& range) {
+  for (Int32 row = range.firstRow; row <= range.lastRow; ++row)
+    if (grid.rowData(row) >= 0)
+      basFlexCheckMark(grid.rowData(row), grid, row, tickColumn, tickAction::toggle);
+}
+
+void selectRows(FlexGridModel& grid, const RowArea& range) {
+  grid.setRow(range.firstRow);
+  grid.setRowSel(range.lastRow);
+  grid.setCol(1);
+  grid.setColSel(grid.cols() - 1);
+}
+
+// The edge between two rows belongs to the lower one.
+Int32 rowAt(const FlexGridModel& grid, Int32 y) {
+  Int32 hit = noRow;
+  for (Int32 row = 1; row < grid.rows(); ++row)
+    if (y >= grid.rowPos(row) && y <= grid.rowPos(row) + grid.rowHeight(row)) hit = row;
+  return hit;
+}
+
+}  // namespace
+
+RowArea basSelectedRowArea(Int32& row, const FlexGridModel& grid) {
+  return procedure("basSelectedRowArea", [&] {
+    if (grid.rowData(row) == rowMark::empty) return RowArea();
+    while (grid.rowData(row) < 0)
+      row += grid.rowData(row);
+    RowArea area{row, row};
+    while (area.lastRow + 1 < grid.rows() && grid.rowData(area.lastRow + 1) == rowMark::secondLine)
+      ++area.lastRow;
+    return area;
+  });
+}
+
+void gridMatches_Click(ResultsControls& form) {
+  procedure("gridMatches_Click", [&] {
+    FlexGridModel& grid = form.gridMatches();
+    const bool dragged = grid.row() != grid.rowSel();
+    const RowArea range = dragged ? draggedRows(grid) : clickedRows(grid);
+    if (grid.col() == tickColumn) toggleTicks(grid, range);
+    selectRows(grid, range);
+  });
+}
+
+void gridMatches_MouseDown(ResultsControls& form, Int16 button, Int32 y) {
+  procedure("gridMatches_MouseDown", [&] {
+    constexpr int rightButton = 2;
+    if (button != rightButton) return;
+    FlexGridModel& grid = form.gridMatches();
+    const Int32 hit = rowAt(grid, y);
+    if (hit == noRow) return;
+    const RowArea selected = selectedRows(grid);
+    const bool several = selected.firstRow != selected.lastRow;
+    if (several && hit >= selected.firstRow && hit <= selected.lastRow)
+      return form.popUp("mnuRightClickMultpleFile");
+    grid.setRow(hit);
+    form.popUp("mnuRightClickSingleFile");
+  });
+}
+
+}  // namespace quernstoke

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "core/integers.h"
+
+namespace quernstoke {
+
+class FlexGridModel;
+class ResultsControls;
+
+// The grid rows of one file, or of several.
+struct RowArea {
+  Int32 firstRow = -1;
+  Int32 lastRow = -1;
+
+  bool isFile() const { return firstRow != -1; }
+};
+
+// The rows of the file at `row`, which becomes the first of them; rows of -1 for an empty row.
+RowArea basSelectedRowArea(Int32& row, const FlexGridModel& grid);
+
+// The left button was clicked or a selection dragged: widens the selection to whole files, and
+// toggles their ticks if it began in the column of ticks.
+void gridMatches_Click(ResultsControls& form);
+
+// The right button (2) pops up the menu of the file under it or of the selection. Other buttons do
+// nothing. Y is counted from the grid's upper edge, in twips.
+void gridMatches_MouseDown(ResultsControls& form, Int16 button, Int32 y);
+
+}  // namespace quernstoke
