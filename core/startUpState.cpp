@@ -12,6 +12,7 @@
 #include "detect/modLinkedList.h"
 #include "detect/refinement.h"
 #include "detect/tempStore.h"
+#include "mainui/modalForms.h"
 #include "mainui/quickHelp.h"
 #include "progress/scanStatus.h"
 #include "results/matchGroupIndex.h"
@@ -22,9 +23,8 @@ namespace quernstoke {
 namespace {
 
 void resetCore() {
-  for (std::string* text :
-       {&AppPath, &ExeName, &ProfilesDir, &TempDir, &ProfileName,
-        &ProcessCommandLine, &CommandLineProfile})
+  for (std::string* text : {&AppPath, &ExeName, &ProfilesDir, &TempDir, &ProfileName,
+                            &ProcessCommandLine, &CommandLineProfile})
     text->clear();
   LogFileNumber = 0;
   RunState = StartMode = ScanAttributes = CurrentMatchNum = ContentPercentLimit = HelpState = 0;
@@ -32,6 +32,12 @@ void resetCore() {
   ScanStartTime = EstimatedEndTime = {};
   MinSizeBytes = MaxSizeBytes = DiskFreeBytes = {};
   DuplicateCount = StatusFileNumber = ActualReads = LocalReads = BufferReads = 0;
+}
+
+void resetDialogs() {
+  DialogText.clear();
+  DialogValue = DialogValue2 = 0;
+  modalForms = {};
 }
 
 void resetSettings() {
@@ -67,6 +73,7 @@ void resetDetection() {
 
 void resetToStartUpState() {
   resetCore();
+  resetDialogs();
   resetSettings();
   resetCatalogue();
   resetDetection();

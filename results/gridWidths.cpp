@@ -4,6 +4,7 @@
 
 #include "controls/flexGridModel.h"
 #include "core/procedure.h"
+#include "core/rounding.h"
 #include "core/table.h"
 #include "platform/controls.h"
 
@@ -32,7 +33,8 @@ void measureRow(const FlexGridModel& grid, Int32 row, BoldRuler& ruler, Int16 pi
 void shareOut(Int32 room, Int16 expandCol, Table<Int32>& widths) {
   Int32 used = 0;
   for (Int32 col = 0; col <= widths.upperBound(); ++col) {
-    widths[col] = std::clamp(widths[col], Int32(0), std::max(room / 2, Int32(0)));
+    if (widths[col] > room / 2) widths[col] = roundedQuotient(room.raw(), 2);
+    widths[col] = std::max(widths[col], Int32(0));
     if (col != Int32(expandCol)) used += widths[col];
   }
   widths[expandCol] = room >= used ? room - used : Int32(leastExpanded);
