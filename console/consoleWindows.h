@@ -21,6 +21,7 @@ class ConsoleMainWindow final : public MainWindow {
   void show() override {
     if (!isLoaded_) load();
   }
+  void setCaption(std::string_view /*caption*/) override {}
   void unload() override { isLoaded_ = false; }
   void basUpdateProfileObjects(std::string_view /*profileName*/) override {}
   void basUpdateStatusBar() override {}

@@ -4,10 +4,34 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QScopedValueRollback>
-#include <QWidget>
+#include <QWindow>
+#include <algorithm>
 
 namespace quernstoke {
+
+namespace {
+
+// What would get the focus by a click there; null if the focus would stay where it is.
+QWidget* focusTaker(QWidget* form, QPoint position) {
+  for (QWidget* widget = form->childAt(position); widget != nullptr;
+       widget = widget->isWindow() ? nullptr : widget->parentWidget()) {
+    if (!widget->isEnabled() || (widget->focusPolicy() & Qt::ClickFocus) == 0) continue;
+    while (widget->focusProxy() != nullptr)
+      widget = widget->focusProxy();
+    return widget;
+  }
+  return nullptr;
+}
+
+bool hasDefaultButton(const QWidget* form) {
+  const auto buttons = form->findChildren<QPushButton*>();
+  return std::any_of(buttons.begin(), buttons.end(),
+                     [](const QPushButton* button) { return button->isDefault(); });
+}
+
+}  // namespace
 
 FieldRules::FieldRules(QWidget* form) : form_(form) {
   qApp->installEventFilter(this);
@@ -31,29 +55,34 @@ FieldRules::Verdict FieldRules::judge(QWidget* field) {
 }
 
 // Clicks and keys are seen before they reach their target, so that a refused one has no effect at
-// all: a button that was pressed under a message box would stay pressed.
+// all: a button that was pressed under a message box would stay pressed. A click is taken from the
+// window, since it moves the focus before its target learns of it.
 bool FieldRules::eventFilter(QObject* watched, QEvent* event) {
-  if (asking_ || !watched->isWidgetType()) return false;
-  auto* const target = static_cast<QWidget*>(watched);
-  if (target->window() != form_) return false;
+  if (asking_) return false;
   switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-      return refusesClick(target);
+      return watched == form_->windowHandle() &&
+             refusesClick(static_cast<QMouseEvent*>(event)->position().toPoint());
     case QEvent::KeyPress:
-      return refusesKey(static_cast<QKeyEvent*>(event)->key());
+      return watched == form_->focusWidget() && refusesKey(static_cast<QKeyEvent*>(event)->key());
     case QEvent::FocusOut:
-      leftBehindOurBack(target, static_cast<QFocusEvent*>(event)->reason());
+      if (watched->isWidgetType())
+        leftBehindOurBack(static_cast<QWidget*>(watched),
+                          static_cast<QFocusEvent*>(event)->reason());
       return false;
     default:
       return false;
   }
 }
 
-bool FieldRules::refusesClick(QWidget* target) {
+bool FieldRules::refusesClick(QPoint position) {
+  allowed_ = nullptr;
   QWidget* const field = form_->focusWidget();
-  if (!ownsField(field) || target == field || field->isAncestorOf(target)) return false;
-  if ((target->focusPolicy() & Qt::ClickFocus) == 0) return false;
+  // The first click beside an open list only closes it.
+  if (!ownsField(field) || QApplication::activePopupWidget() != nullptr) return false;
+  QWidget* const target = focusTaker(form_, position);
+  if (target == nullptr || target == field || field->isAncestorOf(target)) return false;
   const Verdict verdict = judge(field);
   // The box has swallowed the end of the click.
   if (verdict == Verdict::leaveAfterBox) target->setFocus(Qt::MouseFocusReason);
@@ -61,10 +90,12 @@ bool FieldRules::refusesClick(QWidget* target) {
 }
 
 bool FieldRules::refusesKey(int key) {
+  allowed_ = nullptr;
   QWidget* const field = form_->focusWidget();
   if (!ownsField(field)) return false;
+  const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
   const bool leaves =
-      key == Qt::Key_Tab || key == Qt::Key_Backtab || key == Qt::Key_Return || key == Qt::Key_Enter;
+      key == Qt::Key_Tab || key == Qt::Key_Backtab || (isEnter && hasDefaultButton(form_));
   return leaves && judge(field) == Verdict::stay;
 }
 

@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 
+class QPoint;
 class QWidget;
 
 namespace quernstoke {
@@ -30,7 +31,7 @@ class FieldRules : public QObject {
  private:
   bool ownsField(QWidget* field) const;
   Verdict judge(QWidget* field);
-  bool refusesClick(QWidget* target);
+  bool refusesClick(QPoint position);
   bool refusesKey(int key);
   void leftBehindOurBack(QWidget* field, int reason);
 

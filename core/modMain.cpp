@@ -6,6 +6,7 @@
 #include "core/log.h"
 #include "core/probes.h"
 #include "core/procedure.h"
+#include "core/version.h"
 #include "detect/modLinkedList.h"
 #include "detect/refinement.h"
 #include "detect/tempStore.h"
@@ -60,6 +61,7 @@ void Main() {
     if (modalForms.frmSplashScreen) modalForms.frmSplashScreen();
     ProfileName = CommandLineProfile;
     frmMain().load();
+    frmMain().setCaption(mainCaption(programVersion));
     frmMain().show();
   });
 }

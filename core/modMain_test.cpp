@@ -6,6 +6,7 @@
 #include "core/log.h"
 #include "core/startUpState.h"
 #include "core/text.h"
+#include "core/version.h"
 #include "detect/modLinkedList.h"
 #include "detect/refinement.h"
 #include "detect/tempStore.h"
@@ -115,6 +116,11 @@ TEST_F(ModMainTest, EveryStartAllocatesTheTables) {
   EXPECT_EQ(FileTypeTable.FileTypesList.upperBound(), 50);
   EXPECT_EQ(TempUsedKB, 0);
   EXPECT_TRUE(dialogBoxes.messages.empty());
+}
+
+TEST_F(ModMainTest, TheMainWindowIsCalledByTheProgramsVersion) {
+  start();
+  EXPECT_EQ(mainWindow.caption, mainCaption(programVersion));
 }
 
 TEST_F(ModMainTest, AStartLoadsTheGlobalSettings) {

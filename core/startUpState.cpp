@@ -35,6 +35,12 @@ void resetCore() {
   DuplicateCount = StatusFileNumber = ActualReads = LocalReads = BufferReads = 0;
 }
 
+void resetDialogs() {
+  DialogText.clear();
+  DialogValue = DialogValue2 = 0;
+  modalForms = {};
+}
+
 void resetSettings() {
   ProfileSettings = {};
   GlobalSettings = {};
@@ -80,6 +86,7 @@ void resetResults() {
 
 void resetToStartUpState() {
   resetCore();
+  resetDialogs();
   resetSettings();
   resetCatalogue();
   resetDetection();

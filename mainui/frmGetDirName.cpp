@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "controls/controlAdapters.h"
+#include "controls/wheelGuard.h"
 #include "core/probes.h"
 #include "core/procedure.h"
 #include "core/text.h"
@@ -22,8 +23,16 @@ enum : std::uint8_t { include, exclude, excludePair, optionCount };
 
 constexpr std::array<const char*, optionCount> kindOfOption = {"I", "E", "1"};
 
-int itemData(const QComboBox* list) {
-  return list->currentIndex() < 0 ? -1 : list->currentData().toInt();
+// The item that a list with a text field shows; -1 once something else was typed.
+int selectedItem(const QComboBox& list) {
+  const int item = list.currentIndex();
+  return item >= 0 && list.itemText(item) == list.currentText() ? item : -1;
+}
+
+// Also brings its text back into the field, where it may have been typed over.
+void selectItem(QComboBox& list, int item) {
+  list.setCurrentIndex(-1);
+  list.setCurrentIndex(item);
 }
 
 }  // namespace
@@ -42,6 +51,9 @@ frmGetDirName::frmGetDirName() : ui_(std::make_unique<Ui::frmGetDirName>()) {
   connect(ui_->cmdEditTypes, &QAbstractButton::clicked, this, &frmGetDirName::cmdEditTypes_Click);
   connect(ui_->cmdOK, &QAbstractButton::clicked, this, &frmGetDirName::cmdOK_Click);
   connect(ui_->cmdCancel, &QAbstractButton::clicked, this, &frmGetDirName::cmdCancel_Click);
+  setCancelButton(*ui_->cmdCancel);
+  ui_->cboFileTypeList->setCompleter(nullptr);  // What is typed stands as it is.
+  guardFromWheel(*ui_->cboFileTypeList);
 }
 
 frmGetDirName::~frmGetDirName() = default;
@@ -71,7 +83,7 @@ void frmGetDirName::basUpdateControls() {
     if (addMode_) {
       for (QRadioButton* option : optIncludeExclude_)
         option->setEnabled(true);
-      ui_->cboFileTypeList->setCurrentIndex(0);
+      selectItem(*ui_->cboFileTypeList, 0);
     } else {
       showSlot();
     }
@@ -103,7 +115,7 @@ void frmGetDirName::selectOption(int option) {
 void frmGetDirName::showFileTypes(const std::string& extensions) {
   if (isNumeric(extensions)) {
     const QtList list(ui_->cboFileTypeList);
-    ui_->cboFileTypeList->setCurrentIndex(basGetSetFileTypePos(list, toNumber(extensions)).raw());
+    selectItem(*ui_->cboFileTypeList, basGetSetFileTypePos(list, toNumber(extensions)).raw());
   } else {
     ui_->cboFileTypeList->setCurrentIndex(-1);
     ui_->cboFileTypeList->setEditText(qtText(extensions));
@@ -125,7 +137,7 @@ void frmGetDirName::optIncludeExclude_Click() {
 void frmGetDirName::cmdBrowse_Click(int index) {
   procedure("cmdBrowse_Click", [&] {
     QLineEdit* const field = txtDirectory_[static_cast<std::size_t>(index)];
-    DialogText = field->text().toStdString();
+    DialogText = enteredText(field->text());
     modalForms.frmDirTree();
     if (!DialogText.empty()) field->setText(qtText(DialogText));
   });
@@ -133,21 +145,21 @@ void frmGetDirName::cmdBrowse_Click(int index) {
 
 void frmGetDirName::cmdEditTypes_Click() {
   procedure("cmdEditTypes_Click", [this] {
-    QComboBox* const types = ui_->cboFileTypeList;
-    DialogText = types->currentText().toStdString();
-    DialogValue = itemData(types);
+    QComboBox& types = *ui_->cboFileTypeList;
+    DialogText = enteredText(types.currentText());
+    const int selected = selectedItem(types);
+    DialogValue = selected < 0 ? -1 : types.itemData(selected).toInt();
     modalForms.frmAddFileType();
-    QtList list(types);
+    QtList list(&types);
     basBuildFileTypesList(list);
-    const int position = types->findData(DialogValue.raw());
-    types->setCurrentIndex(DialogValue == -1 ? 0 : position);
+    selectItem(types, DialogValue == -1 ? 0 : types.findData(DialogValue.raw()));
   });
 }
 
 // Stays at a field whose directory is not there.
 bool frmGetDirName::directoryExists(int index) {
   QLineEdit* const field = txtDirectory_[static_cast<std::size_t>(index)];
-  const std::string path = field->text().toStdString();
+  const std::string path = enteredText(field->text());
   if (basDirExists(path)) return true;
   dialogs().messageBox("Directory " + path + " doesn't exist");
   field->setFocus();
@@ -156,7 +168,7 @@ bool frmGetDirName::directoryExists(int index) {
 
 void frmGetDirName::cmdOK_Click() {
   procedure("cmdOK_Click", [this] {
-    if (txtDirectory_[0]->text().isEmpty()) {
+    if (enteredText(txtDirectory_[0]->text()).empty()) {
       DialogValue = -1;
       unload();
       return;
@@ -186,34 +198,27 @@ Int32 frmGetDirName::slotToWrite() {
 
 // The row of the file types chosen, or what was typed.
 std::string frmGetDirName::fileTypesToSave() {
-  QComboBox* const types = ui_->cboFileTypeList;
-  const std::string typed = types->currentText().toStdString();
-  const bool isItem =
-      types->currentIndex() >= 0 && types->currentText() == types->itemText(types->currentIndex());
-  if (!isItem) {
-    types->setCurrentIndex(-1);
-    for (Int32 row = 1; row <= FileTypeTable.FileTypesList.upperBound(); ++row) {
-      if (FileTypeTable.FileTypesList[row] != typed) continue;
-      if (row > types->count()) fail(FailureNumber::invalidProcedureCall);
-      types->setCurrentIndex((row - 1).raw());
-      break;
-    }
-  }
-  return types->currentIndex() >= 0 ? toText(Int32(itemData(types))) : typed;
+  const QComboBox& types = *ui_->cboFileTypeList;
+  const std::string typed = enteredText(types.currentText());
+  int selected = selectedItem(types);
+  for (Int32 row = 1; selected < 0 && row <= FileTypeTable.FileTypesList.upperBound(); ++row)
+    if (FileTypeTable.FileTypesList[row] == typed) selected = (row - 1).raw();
+  if (selected >= types.count()) fail(FailureNumber::invalidProcedureCall);
+  return selected < 0 ? typed : toText(Int32(types.itemData(selected).toInt()));
 }
 
 void frmGetDirName::basSaveValues() {
   procedure("basSaveValues", [this] {
     const Int32 slot = slotToWrite();
     DirSpec& spec = ProfileDirList[slot];
-    spec.Dir = txtDirectory_[0]->text().toStdString();
+    spec.Dir = enteredText(txtDirectory_[0]->text());
     spec.RecurseSubDirs = ui_->chkScanSubdir->isChecked();
     for (int option = 0; option < optionCount; ++option)
       if (isSelected(option)) spec.IncludeExclude = kindOfOption[static_cast<std::size_t>(option)];
     if (isSelected(excludePair)) {
       DirSpec& partner = ProfileDirList[slot + 1];
       partner.IncludeExclude = "2";
-      partner.Dir = txtDirectory_[1]->text().toStdString();
+      partner.Dir = enteredText(txtDirectory_[1]->text());
       partner.RecurseSubDirs = spec.RecurseSubDirs;
     }
     if (spec.IncludeExclude == "I")

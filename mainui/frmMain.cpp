@@ -8,6 +8,7 @@
 #include "controls/measuringLabel.h"
 #include "controls/panelStatusBar.h"
 #include "controls/units.h"
+#include "controls/wheelGuard.h"
 #include "core/modMain.h"
 #include "core/procedure.h"
 #include "core/scanState.h"
@@ -35,6 +36,8 @@ frmMain::frmMain()
   ui_->sbarStatus->setPanelCount(statusPanelCount);
   ui_->fraStartMode->setVisible(false);
   ui_->tabMain->tabBar()->setFocusPolicy(Qt::StrongFocus);
+  // Its tabs, not the pages: with these in its own chain the focus would go round for ever.
+  setTabOrder(ui_->cmdEditFileTypes, ui_->tabMain->tabBar());
   chkMatchingOption_ = {ui_->chkMatchingOption_0, ui_->chkMatchingOption_1,
                         ui_->chkMatchingOption_2};
   chkScanHiddenSystem_ = {ui_->chkScanHiddenSystem_0, ui_->chkScanHiddenSystem_1};
@@ -43,6 +46,8 @@ frmMain::frmMain()
   preparePictures();
   connectControls();
   addFieldRules();
+  for (QComboBox* list : findChildren<QComboBox*>())
+    guardFromWheel(*list);
   watchPointer();
 }
 
@@ -70,6 +75,7 @@ void frmMain::Form_Load() {
     if (!ProfileName.empty()) {
       profileTag_ = "IGNORE";
       selectProfile(ui_->cboProfile->findText(qtText(ProfileName)));
+      profileTag_.clear();  // A profile that isn't in the list has selected nothing.
       // The name is no kind of settings file, unless the profile has one of their names.
       basLoadProfile(ProfileName);
       bool ok = false;

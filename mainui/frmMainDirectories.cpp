@@ -61,6 +61,7 @@ void frmMain::prepareDirectoryGrid() {
       {"ExcludeTwoBottom", tr("not compared with the one before")}};
   for (const auto& [name, meaning] : kinds)
     ui_->gridList->addPicture(name, picture(name), pictureSize(name), meaning);
+  gridList().setRows(1);
   gridList().setFormatString(columnTitles);
   gridList().setEnabled(false);
 }
@@ -75,8 +76,10 @@ void frmMain::basUpdateDirGrid() {
     gridList().setRedraw(false);
     gridList().setRows(1);
     gridList().setFormatString(columnTitles);
-    for (Int32 slot = 1; !ProfileDirList[slot].Dir.empty(); ++slot)
+    for (Int32 slot = 1; slot <= ProfileDirList.upperBound(); ++slot) {
+      if (ProfileDirList[slot].Dir.empty()) break;
       addDirectoryRow(slot);
+    }
     fitColumns();
     restoreSelectedRow(rowBefore);
     gridList().setRedraw(true);

@@ -33,7 +33,8 @@ void frmMain::cmdStart_Click() {
     StartMode = startMode::none;
     for (const QRadioButton* option : optStartModes_) {
       if (!option->isChecked()) continue;
-      const std::string caption = upper(option->text().toStdString());
+      // Without the mark of a shortcut key, which some desktops put in.
+      const std::string caption = upper(option->text().remove('&').toStdString());
       if (caption == "NEW") StartMode = startMode::newScan;
       if (caption == "CONTINUE") StartMode = startMode::continueScan;
     }
@@ -50,7 +51,7 @@ void frmMain::cmdStart_Click() {
 bool frmMain::localCopiesFit() {
   constexpr std::size_t rootLength = 3;
   if (!GlobalSettings.TransferFileLocally || !ProfileSettings.SlowNetwork) return true;
-  basGetDiskSpace(GlobalSettings.TempPath.substr(0, rootLength), "FREEBYTES");
+  basGetDiskSpace(firstCharacters(GlobalSettings.TempPath, rootLength), "FREEBYTES");
   const FixedPoint wanted = basConvertSize(GlobalSettings.TransferMaxDiskSpace,
                                            GlobalSettings.TransferMaxDiskSpaceMeasure);
   if (wanted <= DiskFreeBytes) return true;

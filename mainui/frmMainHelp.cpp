@@ -5,6 +5,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTabBar>
 #include <algorithm>
 #include <array>
 
@@ -39,6 +40,13 @@ bool isSwallowed(const QKeyEvent& press) {
 
 constexpr const char* helpContextId = "helpContextId";
 
+// The help of a grid is also that of the inner widget on which its cells are drawn.
+QVariant helpIdOf(const QWidget& widget) {
+  const auto* const grid = qobject_cast<const FlexGrid*>(widget.parentWidget());
+  const bool isInner = grid != nullptr && grid->viewport() == &widget;
+  return (isInner ? *grid : widget).property(helpContextId);
+}
+
 bool movedByKeyboard(Qt::FocusReason reason) {
   return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
          reason == Qt::ShortcutFocusReason;
@@ -59,16 +67,16 @@ void frmMain::displayHelp(Int16 helpId) {
 
 // Text of the step reached, for the spaces between the controls.
 bool frmMain::isBackground(const QWidget* widget) const {
-  const std::array<const QWidget*, 7> backgrounds = {
-      this,         ui_->fraProfile,         ui_->fraWhatToScan,    ui_->fraScanOptions,
-      ui_->tabMain, ui_->tabProfileSettings, ui_->tabGlobalSettings};
+  const std::array<const QWidget*, 8> backgrounds = {
+      this,         ui_->fraProfile,        ui_->fraWhatToScan,      ui_->fraScanOptions,
+      ui_->tabMain, ui_->tabMain->tabBar(), ui_->tabProfileSettings, ui_->tabGlobalSettings};
   return std::find(backgrounds.begin(), backgrounds.end(), widget) != backgrounds.end();
 }
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
   auto* const widget = qobject_cast<QWidget*>(watched);
   if (widget == nullptr) return Form::eventFilter(watched, event);
-  const QVariant id = widget->property(helpContextId);
+  const QVariant id = helpIdOf(*widget);
   const bool hovered = event->type() == QEvent::MouseMove || event->type() == QEvent::Enter;
   const bool focused = event->type() == QEvent::FocusIn &&
                        movedByKeyboard(static_cast<QFocusEvent*>(event)->reason());

@@ -26,7 +26,7 @@ namespace quernstoke::forms {
 namespace {
 
 std::string textOf(const QLineEdit* field) {
-  return field->text().toStdString();
+  return enteredText(field->text());
 }
 
 std::string textOf(const QComboBox* list) {

@@ -2,6 +2,7 @@
 
 #include "controls/form.h"
 #include "mainui/frmMain.h"
+#include "platform/qt/qtText.h"
 #include "platform/windows.h"
 
 namespace quernstoke {
@@ -10,6 +11,7 @@ namespace quernstoke {
 class FormsMainWindow final : public MainWindow {
  public:
   void load() override { form_.get(); }
+  void setCaption(std::string_view caption) override { form_->setWindowTitle(qtText(caption)); }
   void show() override { form_->show(); }
   void unload() override { form_.unload(); }
   void basUpdateProfileObjects(std::string_view profileName) override {

@@ -9,6 +9,7 @@
 #include "core/modMain.h"
 #include "mainui/frmGetDirName.h"
 #include "mainui/frmMainWindow.h"
+#include "mainui/frmSplashScreen.h"
 #include "mainui/modalForms.h"
 #include "pictures/pictures.h"
 #include "platform/linux/linuxClock.h"
@@ -89,6 +90,7 @@ int run(int argc, char** argv) {
   if (AppPath.ends_with('\\')) AppPath.pop_back();
   ExeName = "quernstoke";
   ProcessCommandLine = commandLine(argc, argv);
+  modalForms.frmSplashScreen = [] { (new forms::frmSplashScreen)->showModal(); };
   modalForms.frmGetDirName = [] { (new forms::frmGetDirName)->showModal(); };
   modalForms.frmDirTree = [&] { chooseDirectory(drives); };
   modalForms.frmAddFileType = [&] {

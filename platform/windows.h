@@ -15,6 +15,7 @@ class MainWindow {
   virtual ~MainWindow() = default;
 
   virtual void load() = 0;
+  virtual void setCaption(std::string_view caption) = 0;
   virtual void show() = 0;  // Modelessly; loads the window if it is not loaded.
   virtual void unload() = 0;
   // Brings the profile's settings into the controls; empty text: no profile.

@@ -97,7 +97,10 @@ class ScriptedMainWindow : public MainWindow {
  public:
   explicit ScriptedMainWindow(WindowLog& log) : log_(log) {}
 
+  std::string caption;
+
   void load() override { log_.emplace_back("frmMain load"); }
+  void setCaption(std::string_view text) override { caption = text; }
   void show() override { log_.emplace_back("frmMain show"); }
   void unload() override { log_.emplace_back("frmMain unload"); }
   void basUpdateProfileObjects(std::string_view profileName) override {
