@@ -35,12 +35,6 @@ void resetCore() {
   DuplicateCount = StatusFileNumber = ActualReads = LocalReads = BufferReads = 0;
 }
 
-void resetDialogs() {
-  DialogText.clear();
-  DialogValue = DialogValue2 = 0;
-  modalForms = {};
-}
-
 void resetSettings() {
   ProfileSettings = {};
   GlobalSettings = {};
@@ -86,7 +80,6 @@ void resetResults() {
 
 void resetToStartUpState() {
   resetCore();
-  resetDialogs();
   resetSettings();
   resetCatalogue();
   resetDetection();
