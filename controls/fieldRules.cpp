@@ -104,8 +104,10 @@ void FieldRules::leftBehindOurBack(QWidget* field, int reason) {
   if (!ownsField(field) || !form_->isVisible()) return;
   const bool wasAllowed = allowed_ == field;
   allowed_ = nullptr;
+  // An open list or menu is no other control.
   const bool staysInForm = reason != Qt::ActiveWindowFocusReason &&
-                           reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
+                           reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason &&
+                           QApplication::activePopupWidget() == nullptr;
   if (wasAllowed || !staysInForm) return;
   if (judge(field) == Verdict::stay) field->setFocus(Qt::OtherFocusReason);
   allowed_ = nullptr;

@@ -98,7 +98,7 @@ TEST_F(MainWindowControls, HaveTheirCaptions) {
            {"cmdViewPreviousResults", ""},
            {"cmdDeleteProfile", ""}})
     EXPECT_EQ(caption(name), expected) << name;
-  EXPECT_EQ(form().windowTitle(), "Quernstoke - Find Duplicate files");
+  EXPECT_EQ(form().windowTitle(), "Quernstoke 2.0 - Find Duplicate Files");
   EXPECT_EQ(control<QTabWidget>("tabMain").tabText(0), "Profile Settings");
   EXPECT_EQ(control<QTabWidget>("tabMain").tabText(1), "Global Settings");
   EXPECT_EQ(control<QTabWidget>("tabMain").count(), 2);

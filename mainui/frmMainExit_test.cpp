@@ -1,0 +1,359 @@
+#include <QRadioButton>
+
+#include "catalogue/fileTable.h"
+#include "catalogue/snapshots.h"
+#include "core/scanState.h"
+#include "mainui/frmMainTest.h"
+
+namespace quernstoke {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr const char* noSpace =
+    "You do not have enough disk space to store files locally. Disable option?";
+
+class MainWindowExit : public MainWindowTest {
+ protected:
+  // A profile whose directory holds equal files.
+  void haveTwins(const std::function<void()>& change = {}) {
+    for (const char* name : {"a.jpg", "b.jpg", "c.jpg"})
+      disk.file(std::string("C:\\Photos\\") + name, std::string(100, 'x'));
+    haveProfile("Ann", [&] {
+      setDirectory(1, "C:\\Photos", "I");
+      if (change) change();
+    });
+  }
+  void openTwins(const std::function<void()>& change = {}) {
+    haveTwins(change);
+    open();
+    choose("Ann");
+  }
+  // Local copies are asked for, of at most 50 MB, and the drive has that many bytes.
+  void openWithFreeBytes(std::int64_t bytes) {
+    desk.space = DiskSpace{1, 1, bytes, 1 << 30};
+    openTwins([] { ProfileSettings.SlowNetwork = true; });
+  }
+  // Whether the program ends by itself through this.
+  static bool endsProgram(const std::function<void()>& act) {
+    constexpr int stillRunning = 7;
+    QTimer::singleShot(0, act);
+    QTimer watchdog;
+    watchdog.setSingleShot(true);
+    QObject::connect(&watchdog, &QTimer::timeout, [] { QCoreApplication::exit(stillRunning); });
+    watchdog.start(100);
+    return QApplication::exec() != stillRunning;
+  }
+};
+
+using MainWindowStart = MainWindowExit;
+using MainWindowCommandLine = MainWindowExit;
+
+TEST_F(MainWindowStart, SavesBothPagesAndScans) {
+  openTwins();
+  field("txtDescription").setText("changed");
+  field("txtNumberOfFileBuffers").setText("77");
+  click(button("cmdStart"));
+  settle();
+  EXPECT_THAT(windows,
+              ElementsAre("frmScanStatus show", "frmScanStatus unload", "frmResults show"));
+  EXPECT_FALSE(window.isLoaded());
+  EXPECT_EQ(StartMode, startMode::newScan);
+  EXPECT_EQ(DuplicateCount, 2);
+  EXPECT_THAT(profileFile("Ann"), HasSubstr("Desc\t0\tchanged\tS\r"));
+  EXPECT_THAT(globalFile(), HasSubstr("NumberOfFileBuffers\t0\t77\tN\r"));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(MainWindowStart, ContinuesAPausedScanUnlessNewIsChosen) {
+  openTwins([] { ProfileSettings.RunMode = runState::paused; });
+  EXPECT_TRUE(control<QRadioButton>("optStartModes_1").isChecked());
+  click(button("cmdStart"));
+  EXPECT_EQ(StartMode, startMode::continueScan);
+}
+
+TEST_F(MainWindowStart, StartsAPausedScanAnewIfNewIsChosen) {
+  openTwins([] { ProfileSettings.RunMode = runState::paused; });
+  click(control<QRadioButton>("optStartModes_0"), {5, 10});
+  click(button("cmdStart"));
+  EXPECT_EQ(StartMode, startMode::newScan);
+}
+
+// Some desktops put marks of shortcut keys into captions.
+TEST_F(MainWindowStart, AMarkedCaptionIsStillUnderstood) {
+  openTwins();
+  button("optStartModes_0").setText("&New");
+  click(button("cmdStart"));
+  EXPECT_EQ(StartMode, startMode::newScan);
+}
+
+// A state that no scan leaves selects neither.
+TEST_F(MainWindowStart, WithoutAStartModeNothingStarts) {
+  openTwins([] { ProfileSettings.RunMode = 9; });
+  StartMode = startMode::continueScan;
+  click(button("cmdStart"));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Internal error detected when finding start mode"));
+  EXPECT_EQ(dialogBoxes.buttons.back(), Buttons::ok);
+  EXPECT_EQ(dialogBoxes.titles.back(), "");
+  EXPECT_EQ(StartMode, startMode::none);
+  EXPECT_THAT(windows, IsEmpty());
+}
+
+TEST_F(MainWindowStart, AListWithoutDirectoriesIsScannedAllTheSame) {
+  openAnn();
+  click(button("cmdStart"));
+  EXPECT_THAT(windows, testing::Contains("frmResults show"));
+  EXPECT_EQ(FileCount, 0);
+}
+
+TEST_F(MainWindowStart, ALimitEqualToTheFreeSpacePasses) {
+  openWithFreeBytes(50 * 1024 * 1024);
+  click(button("cmdStart"));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+  EXPECT_EQ(desk.askedDrive, "C:\\");
+  EXPECT_FALSE(window.isLoaded());
+}
+
+TEST_F(MainWindowStart, TooLittleSpaceIsAskedAboutAndCanStopIt) {
+  openWithFreeBytes(50 * 1024 * 1024 - 1);
+  dialogBoxes.answers = {Answer::cancel};
+  click(button("cmdStart"));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(noSpace));
+  EXPECT_EQ(dialogBoxes.buttons.back(), Buttons::okCancel);
+  EXPECT_THAT(windows, IsEmpty());
+  EXPECT_TRUE(window.isLoaded());
+  EXPECT_TRUE(GlobalSettings.TransferFileLocally);
+}
+
+// The file keeps the option until the next saving.
+TEST_F(MainWindowStart, WithTooLittleSpaceTheScanCanDoWithoutLocalCopies) {
+  openWithFreeBytes(50 * 1024 * 1024 - 1);
+  click(button("cmdStart"));
+  settle();
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(noSpace));
+  EXPECT_THAT(windows, testing::Contains("frmResults show"));
+  EXPECT_FALSE(GlobalSettings.TransferFileLocally);
+  EXPECT_THAT(globalFile(), HasSubstr("TransferFileLocally\t0\tTrue\tB\r"));
+  window.show();
+  EXPECT_FALSE(box("chkTransferLocally").isChecked());
+}
+
+TEST_F(MainWindowStart, SpaceIsOfNoConcernUnlessBothOptionsAreOn) {
+  desk.space = DiskSpace{1, 1, 0, 1 << 30};
+  openTwins();
+  EXPECT_FALSE(box("chkSlowNetwork").isChecked());
+  click(button("cmdStart"));
+  EXPECT_EQ(desk.askedDrive, "");
+  window.show();
+  settle();
+  box("chkSlowNetwork").setChecked(true);
+  box("chkTransferLocally").setChecked(false);
+  click(button("cmdStart"));
+  EXPECT_EQ(desk.askedDrive, "");
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+// What doesn't fit ends the saving, not the start.
+TEST_F(MainWindowStart, ASizeThatDoesNotFitIsReportedAndTheRestIsAsItWas) {
+  openTwins();
+  field("txtDescription").setText("changed");
+  field("txtMinimumSize").setText("99999999999");
+  field("txtMaximumSize").setText("7");
+  click(button("cmdStart"));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basSaveControlValues", "Overflow(6)")));
+  EXPECT_EQ(ProfileSettings.Desc, "changed");
+  EXPECT_EQ(ProfileSettings.MinimumSize, 32);
+  EXPECT_EQ(ProfileSettings.MaximumSize, 2);
+  EXPECT_FALSE(window.isLoaded());
+}
+
+TEST_F(MainWindowStart, SettingsThatCannotBeWrittenAreReportedAndTheScanRuns) {
+  openTwins();
+  disk.setAttributes(ProfilesDir + "\\Ann.profile", attributeArchive | attributeReadOnly);
+  disk.before = [this](const DiskCall& call) {
+    const bool inProfiles = call.path.starts_with(ProfilesDir);
+    if (inProfiles && (call.action == DiskAction::remove || call.action == DiskAction::write))
+      throw Failure(FailureNumber::permissionDenied);
+  };
+  click(button("cmdStart"));
+  EXPECT_THAT(dialogBoxes.messages,
+              testing::Contains(procedureError("basSaveProfile", "Permission denied(70)")));
+  EXPECT_EQ(DuplicateCount, 2);
+  EXPECT_THAT(windows, testing::Contains("frmResults show"));
+}
+
+TEST_F(MainWindowStart, AfterAnAbortTheWindowIsBackWithItsProfileAndAWelcome) {
+  openTwins();
+  eventLoop.onYield = [] {
+    if (RunState == runState::comparing || RunState == runState::buildingList)
+      RunState = runState::abortRequested;
+  };
+  click(button("cmdStart"));
+  settle();
+  EXPECT_THAT(windows, ElementsAre("frmScanStatus show", "frmScanStatus unload"));
+  ASSERT_TRUE(window.isLoaded());
+  EXPECT_TRUE(form().isVisible());
+  EXPECT_EQ(list("cboProfile").currentText(), "Ann");
+  EXPECT_EQ(panel(9), "State: Aborted");
+  EXPECT_EQ(helpTag(), "1000");
+}
+
+TEST_F(MainWindowExit, PreviousResultsAreShownInItsPlace) {
+  openAnn([] { ProfileSettings.RunMode = runState::finished; });
+  const auto before = disk.allFiles();
+  click(button("cmdViewPreviousResults"));
+  EXPECT_THAT(windows, ElementsAre("frmResults show"));
+  EXPECT_FALSE(window.isLoaded());
+  EXPECT_EQ(disk.allFiles(), before);
+}
+
+TEST_F(MainWindowExit, WithoutAFinishedScanThereAreNoPreviousResults) {
+  openAnn();
+  for (int mode = 0; mode <= 7; ++mode) {
+    if (mode == runState::finished) continue;
+    ProfileSettings.RunMode = mode;
+    click(button("cmdViewPreviousResults"));
+  }
+  ProfileSettings.RunMode = runState::finished;
+  ProfileName.clear();
+  click(button("cmdViewPreviousResults"));
+  EXPECT_THAT(windows, IsEmpty());
+  EXPECT_TRUE(window.isLoaded());
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(MainWindowExit, ExitSavesAllAndEndsTheProgram) {
+  openAnn();
+  field("txtDescription").setText("changed");
+  field("txtNumberOfFileBuffers").setText("77");
+  buildCatalogue({{"a", "C:\\A"}});
+  EXPECT_TRUE(endsProgram([] { click(button("cmdExit_0")); }));
+  EXPECT_THAT(windows, ElementsAre("frmScanStatus unload", "frmResults unload"));
+  EXPECT_FALSE(window.isLoaded());
+  EXPECT_THAT(profileFile("Ann"), HasSubstr("Desc\t0\tchanged\tS\r"));
+  EXPECT_THAT(globalFile(), HasSubstr("NumberOfFileBuffers\t0\t77\tN\r"));
+  EXPECT_THAT(disk.content(ProfilesDir + "\\Ann.files"), HasSubstr("a"));
+  EXPECT_TRUE(disk.exists(ProfilesDir + "\\Ann.dir"));
+}
+
+TEST_F(MainWindowExit, ExitWithoutAProfileSavesTheGlobalSettingsAlone) {
+  open();
+  const auto namesBefore = disk.names(ProfilesDir);
+  field("txtTempPath").setText("C:\\Elsewhere");
+  EXPECT_TRUE(endsProgram([] { click(button("cmdExit_0")); }));
+  EXPECT_EQ(disk.names(ProfilesDir), namesBefore);
+  EXPECT_THAT(globalFile(), HasSubstr("TempPath\t0\tC:\\Elsewhere\tS\r"));
+}
+
+// Nothing that can't be saved keeps a person in the program.
+TEST_F(MainWindowExit, ExitEndsTheProgramEvenIfNothingCanBeSaved) {
+  openAnn();
+  disk.before = [](const DiskCall& call) {
+    if (call.action != DiskAction::read) throw Failure(FailureNumber::permissionDenied);
+  };
+  EXPECT_TRUE(endsProgram([] { click(button("cmdExit_0")); }));
+  EXPECT_FALSE(window.isLoaded());
+  EXPECT_THAT(dialogBoxes.messages,
+              testing::Contains(procedureError("basSaveProfile", "Permission denied(70)")));
+}
+
+TEST_F(MainWindowExit, TheCloseBoxEndsTheProgram) {
+  openAnn();
+  EXPECT_TRUE(endsProgram([] { form().close(); }));
+}
+
+TEST_F(MainWindowExit, AnOpenWindowKeepsTheProgramRunning) {
+  openAnn();
+  EXPECT_FALSE(endsProgram([] {}));
+}
+
+TEST_F(MainWindowCommandLine, RunsItsProfileMinimised) {
+  haveTwins();
+  ProcessCommandLine = "Ann";
+  ShownState stateInScan = ShownState::normal;
+  QPointer<forms::frmMain> first;
+  eventLoop.onYield = [&] {
+    if (first) stateInScan = first->shownState();
+  };
+  start();
+  first = &form();
+  EXPECT_EQ(ProfileName, "");  // Until the window is active.
+  settle();
+  EXPECT_EQ(stateInScan, ShownState::minimised);
+  EXPECT_EQ(ProfileName, "Ann");
+  EXPECT_EQ(StartMode, startMode::newScan);
+  EXPECT_EQ(DuplicateCount, 2);
+  EXPECT_THAT(windows,
+              ElementsAre("frmScanStatus show", "frmScanStatus unload", "frmResults show"));
+}
+
+TEST_F(MainWindowCommandLine, WithoutDuplicatesTheProgramEndsAtOnce) {
+  haveTwins([] { ProfileSettings.MinimumSize = 1000; });
+  ProcessCommandLine = "Ann";
+  EXPECT_TRUE(endsProgram([this] { start(); }));
+  EXPECT_EQ(DuplicateCount, 0);
+  EXPECT_THAT(windows, testing::Contains("frmScanStatus show"));
+}
+
+// It is taken whole: neither blanks nor quotes come off.
+TEST_F(MainWindowCommandLine, AnUnknownProfileLeavesTheWindowMinimisedWithoutAWord) {
+  for (const char* line : {"Ben", "\"Ann\"", " Ann", "Ann --new"}) {
+    haveTwins();
+    ProcessCommandLine = line;
+    start();
+    settle();
+    EXPECT_EQ(ProfileName, "") << line;
+    ASSERT_TRUE(window.isLoaded());
+    EXPECT_EQ(form().shownState(), ShownState::minimised);
+    window.unload();
+    settle();
+  }
+  EXPECT_THAT(windows, IsEmpty());
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(MainWindowCommandLine, ItIsConsumedByOneActivation) {
+  ProcessCommandLine = "Ben";
+  start();
+  settle();
+  haveTwins();
+  form().setShownState(ShownState::normal);
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  settle();
+  form().activateWindow();
+  settle();
+  EXPECT_EQ(ProfileName, "");
+  EXPECT_THAT(windows, IsEmpty());
+}
+
+// The window that comes back reads the command line again.
+TEST_F(MainWindowCommandLine, AnAbortedScanStartsAnew) {
+  haveTwins();
+  ProcessCommandLine = "Ann";
+  int scans = 0;
+  eventLoop.onYield = [&] {
+    if (RunState != runState::buildingList) return;
+    ++scans;
+    if (scans == 1) {
+      DuplicateCount = 1;
+      RunState = runState::abortRequested;
+    }
+  };
+  start();
+  settle();
+  settle();
+  EXPECT_GT(scans, 1);
+  EXPECT_EQ(ProfileSettings.RunMode, runState::finished);
+  EXPECT_THAT(windows,
+              ElementsAre("frmScanStatus show", "frmScanStatus unload", "frmScanStatus show",
+                          "frmScanStatus unload", "frmResults show"));
+}
+
+}  // namespace
+}  // namespace quernstoke
