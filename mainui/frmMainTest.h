@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCursor>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -30,6 +31,7 @@ namespace quernstoke {
 class MainWindowTest : public EngineTest {
  protected:
   MainWindowTest() {
+    QCursor::setPos(farAway, farAway);  // Where it shows no help of its own.
     usePlatform({&disk, &archiveLibrary, &dialogBoxes, &desk, &eventLoop, &clock, &locale, &window,
                  &statusWindow, &resultsWindow});
     basDefaultProfile("GLOBAL", "");
@@ -40,6 +42,8 @@ class MainWindowTest : public EngineTest {
     Form::deleteAll();
     settle();
   }
+
+  static constexpr int farAway = 10000;
 
   // Starts the program and brings its window to rest.
   void open() {
