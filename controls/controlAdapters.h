@@ -10,13 +10,6 @@
 
 namespace quernstoke {
 
-// What a person has put into a field. A paste can bring control characters along, which would break
-// a record of settings.
-inline std::string enteredText(QString text) {
-  text.removeIf([](QChar c) { return c.category() == QChar::Other_Control; });
-  return text.toStdString();
-}
-
 // Controls as the engine asks for them. Each refers to a widget that outlives it.
 
 class QtFrame : public FrameControl, public TaggedControl {

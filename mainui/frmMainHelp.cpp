@@ -77,12 +77,12 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
   auto* const widget = qobject_cast<QWidget*>(watched);
   if (widget == nullptr) return Form::eventFilter(watched, event);
   const QVariant id = helpIdOf(*widget);
-  const bool hovered = event->type() == QEvent::MouseMove || event->type() == QEvent::Enter;
+  const bool pointed = event->type() == QEvent::MouseMove;
   const bool focused = event->type() == QEvent::FocusIn &&
                        movedByKeyboard(static_cast<QFocusEvent*>(event)->reason());
-  if (id.isValid() && (hovered || focused)) displayHelp(id.toInt());
+  if (id.isValid() && (pointed || focused)) displayHelp(id.toInt());
   // A move over a label passes on to what lies behind it, and is none over that.
-  if (event->type() == QEvent::MouseMove && isBackground(widget) &&
+  if (pointed && isBackground(widget) &&
       widget->childAt(static_cast<QMouseEvent*>(event)->position().toPoint()) == nullptr)
     displayHelp(-1);
   if (widget == ui_->txtContentMatchingPercent && event->type() == QEvent::KeyPress)

@@ -153,6 +153,17 @@ TEST_F(MainWindowHelp, OtherPlacesLeaveThePanelAsItWas) {
   }
 }
 
+// The window may open under the pointer.
+TEST_F(MainWindowHelp, TheWelcomeStaysUntilThePointerMoves) {
+  openAll();
+  pointAt(field("txtDescription"));
+  EXPECT_EQ(helpTag(), "110");
+  window.unload();
+  window.show();
+  settle();
+  EXPECT_EQ(helpTag(), "1000");
+}
+
 // Only what the person reaches by keyboard; a click has been pointed at before.
 TEST_F(MainWindowHelp, FocusByTheProgramShowsNothing) {
   openAll();

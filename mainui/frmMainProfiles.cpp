@@ -99,7 +99,7 @@ void frmMain::cboProfile_Click() {
       basSaveProfile(std::string_view("PROFILE"));
     }
     if (ui_->cboProfile->currentText() != newProfile) {
-      ProfileName = ui_->cboProfile->currentText().toStdString();
+      ProfileName = engineText(ui_->cboProfile->currentText());
       bool ok = false;
       basProcessProfileSelection(ok);
     } else if (askForNewName()) {
@@ -124,7 +124,7 @@ void frmMain::createProfile() {
 
 void frmMain::selectProfilesOfThisName() {
   for (int position = 0; position < ui_->cboProfile->count(); ++position)
-    if (equalIgnoringCase(ui_->cboProfile->itemText(position).toStdString(), ProfileName))
+    if (equalIgnoringCase(engineText(ui_->cboProfile->itemText(position)), ProfileName))
       selectProfile(position);
 }
 

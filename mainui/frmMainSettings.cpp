@@ -30,7 +30,7 @@ std::string textOf(const QLineEdit* field) {
 }
 
 std::string textOf(const QComboBox* list) {
-  return list->currentText().toStdString();
+  return engineText(list->currentText());
 }
 
 void display(QLineEdit* field, std::string_view text) {

@@ -215,6 +215,21 @@ TEST_F(MainWindowSettings, ControlCharactersOfAPasteAreNotSaved) {
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
+// Names on a disk may be of any bytes.
+TEST_F(MainWindowSettings, BytesThatAreNoTextComeBackAsTheyWere) {
+  haveProfile("M\xFCll", [] { ProfileSettings.Desc = "\xE4 \xC3\xA4 \xFF"; });
+  GlobalSettings.TempPath = "C:\\Photos\\\xD6";
+  basSaveProfile(std::string_view("GLOBAL"));
+  open();
+  list("cboProfile").setCurrentIndex(1);
+  emit list("cboProfile").activated(1);
+  EXPECT_EQ(ProfileName, "M\xFCll");
+  ProfileSettings.Desc.clear();
+  form().basSaveControlValues("");
+  EXPECT_EQ(ProfileSettings.Desc, "\xE4 \xC3\xA4 \xFF");
+  EXPECT_EQ(GlobalSettings.TempPath, "C:\\Photos\\\xD6");
+}
+
 TEST_F(MainWindowSettings, ALongDescriptionIsKept) {
   openAnn();
   const QString longText(10000, u'ü');

@@ -92,7 +92,7 @@ std::string QtDialogs::inputBox(std::string_view prompt, std::string_view title,
   box.setWindowTitle(titleOrDefault(title));
   box.setTextValue(qtText(preset));
   if (box.exec() != QDialog::Accepted) return {};
-  return box.textValue().toStdString();
+  return enteredText(box.textValue());
 }
 
 void QtDialogs::beep() {
