@@ -38,6 +38,7 @@ frmMain::frmMain()
   ui_->tabMain->tabBar()->setFocusPolicy(Qt::StrongFocus);
   // Its tabs, not the pages: with these in its own chain the focus would go round for ever.
   setTabOrder(ui_->cmdEditFileTypes, ui_->tabMain->tabBar());
+  ui_->cboProfile->setFocus();
   chkMatchingOption_ = {ui_->chkMatchingOption_0, ui_->chkMatchingOption_1,
                         ui_->chkMatchingOption_2};
   chkScanHiddenSystem_ = {ui_->chkScanHiddenSystem_0, ui_->chkScanHiddenSystem_1};

@@ -317,7 +317,7 @@ TEST_F(MainWindowCommandLine, AnUnknownProfileLeavesTheWindowMinimisedWithoutAWo
 }
 
 TEST_F(MainWindowCommandLine, ItIsConsumedByOneActivation) {
-  ProcessCommandLine = "Ben";
+  ProcessCommandLine = "Ann";
   start();
   settle();
   haveTwins();

@@ -302,6 +302,25 @@ TEST_F(MainWindowFields, APercentTakesDigitsAlone) {
   EXPECT_EQ(text("txtContentMatchingPercent"), "6");
 }
 
+// Desktops give these keys characters, too.
+TEST_F(MainWindowFields, KeysThatLeaveAPercentOrTakeItsDigitsOutAreNotSwallowed) {
+  openAnn();
+  const auto press = [](Qt::Key key, const char* character) {
+    QTest::sendKeyEvent(QTest::Click, windowOf(form()), key, character, Qt::NoModifier);
+  };
+  select("txtContentMatchingPercent");
+  press(Qt::Key_Backspace, "\b");
+  EXPECT_EQ(text("txtContentMatchingPercent"), "100");
+  pressKey(form(), Qt::Key_End);
+  press(Qt::Key_Delete, "\x7F");
+  pressKey(form(), Qt::Key_Home);
+  press(Qt::Key_Delete, "\x7F");
+  EXPECT_EQ(text("txtContentMatchingPercent"), "00");
+  field("txtContentMatchingPercent").setText("60");
+  press(Qt::Key_Tab, "\t");
+  EXPECT_FALSE(field("txtContentMatchingPercent").hasFocus());
+}
+
 // Keys with Control have characters below the digits.
 TEST_F(MainWindowFields, APercentIsNotPastedByItsKey) {
   openAnn();
@@ -327,14 +346,17 @@ TEST_F(MainWindowFields, ThePercentIsOfNoConcernWhileItIsDisabled) {
 TEST_F(MainWindowFields, HostilePastesAreRefusedLikeAnythingElse) {
   const std::vector<QString> hostile = {QString(10000, u'9') + u'x', QString::fromUtf8("\u202E12"),
                                         QString::fromUtf8("１２"), QString(10000, u'a')};
-  for (const char* name : {"txtMinimumSize", "txtMaximumSize"}) {
-    openAnn();
+  for (const char* name :
+       {"txtMinimumSize", "txtMaximumSize", "txtMaxDiskSpace", "txtFileBufferSize",
+        "txtNumberOfFileBuffers", "txtContentMatchingPercent"}) {
+    openWithFieldOn(name);
     for (const QString& pasted : hostile) {
       select(name);
       field(name).insert(pasted);
-      dialogBoxes.messages.clear();
+      EXPECT_THAT(dialogBoxes.messages, IsEmpty()) << name;
       pressKey(form(), Qt::Key_Tab);
       EXPECT_EQ(dialogBoxes.messages.size(), 1U) << name;
+      dialogBoxes.messages.clear();
       EXPECT_TRUE(field(name).hasFocus()) << name;
     }
     window.unload();

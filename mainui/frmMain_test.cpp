@@ -206,6 +206,11 @@ TEST_F(MainWindowControls, TabGoesThroughThemInTheirOrder) {
   EXPECT_EQ(focused(), "cmdStart");
 }
 
+TEST_F(MainWindowControls, TheListOfProfilesHasTheFocusAtFirst) {
+  open();
+  EXPECT_EQ(focused(), "cboProfile");
+}
+
 TEST_F(MainWindowControls, TabGoesThroughTheGlobalPage) {
   open();
   showGlobalPage();
