@@ -5,6 +5,7 @@
 #include <QRadioButton>
 #include <QWidget>
 
+#include "controls/tag.h"
 #include "platform/controls.h"
 #include "platform/qt/qtText.h"
 
@@ -16,8 +17,8 @@ class QtFrame : public FrameControl, public TaggedControl {
  public:
   explicit QtFrame(QWidget* widget) : widget_(widget) {}
   void setVisible(bool visible) override { widget_->setVisible(visible); }
-  std::string tag() const override { return widget_->property("tag").toString().toStdString(); }
-  void setTag(std::string_view tag) override { widget_->setProperty("tag", qtText(tag)); }
+  std::string tag() const override { return tagOf(*widget_); }
+  void setTag(std::string_view tag) override { quernstoke::setTag(*widget_, tag); }
 
  private:
   QWidget* widget_;

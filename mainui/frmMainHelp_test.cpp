@@ -22,7 +22,7 @@ class MainWindowHelp : public MainWindowTest {
       setDirectory(1, "C:\\Photos", "I");
     });
   }
-  static void forgetHelp() { control<QWidget>("fraHelp").setProperty("tag", "0"); }
+  static void forgetHelp() { control<QWidget>("fraHelp").setProperty("Tag", "0"); }
 };
 
 using MainWindowStatusBar = MainWindowHelp;
@@ -65,9 +65,9 @@ void expectHelp(const std::vector<HelpCase>& cases, const std::function<void(QWi
                 forms::frmMain& form) {
   for (const auto& [name, id] : cases) {
     auto* const frame = form.findChild<QWidget*>("fraHelp");
-    frame->setProperty("tag", "0");
+    frame->setProperty("Tag", "0");
     act(*form.findChild<QWidget*>(name));
-    EXPECT_EQ(frame->property("tag").toString().toStdString(), id) << name;
+    EXPECT_EQ(frame->property("Tag").toString().toStdString(), id) << name;
   }
 }
 

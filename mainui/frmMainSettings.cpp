@@ -25,6 +25,8 @@ namespace quernstoke::forms {
 
 namespace {
 
+constexpr std::string_view optionLetters = "NCS";  // Of chkMatchingOption, in its order.
+
 std::string textOf(const QLineEdit* field) {
   return enteredText(field->text());
 }
@@ -124,9 +126,8 @@ void frmMain::fillProfileControls() {
   chkScanHiddenSystem_[1]->setChecked(ProfileSettings.ScanSystemFiles);
   ui_->chkSlowNetwork->setChecked(ProfileSettings.SlowNetwork);
   // Only the first letter comes back: a combination with a name narrows to the name.
-  constexpr std::string_view letters = "NCS";
-  for (std::size_t option = 0; option < letters.size(); ++option)
-    if (ProfileSettings.MatchingCriteria.starts_with(letters[option]))
+  for (std::size_t option = 0; option < optionLetters.size(); ++option)
+    if (ProfileSettings.MatchingCriteria.starts_with(optionLetters[option]))
       chkMatchingOption_[option]->setChecked(true);
   display(ui_->txtContentMatchingPercent, ProfileSettings.ContentMatchingPercent);
   display(ui_->txtMinimumSize, ProfileSettings.MinimumSize);
@@ -166,10 +167,9 @@ void frmMain::saveProfileControls() {
   ProfileSettings.ScanSystemFiles = chkScanHiddenSystem_[1]->isChecked();
   ProfileSettings.SlowNetwork = ui_->chkSlowNetwork->isChecked();
   ProfileSettings.MatchingCriteria.clear();
-  constexpr std::string_view letters = "NCS";
-  for (std::size_t option = 0; option < letters.size(); ++option)
+  for (std::size_t option = 0; option < optionLetters.size(); ++option)
     if (chkMatchingOption_[option]->isChecked())
-      ProfileSettings.MatchingCriteria += letters[option];
+      ProfileSettings.MatchingCriteria += optionLetters[option];
   ProfileSettings.ContentMatchingPercent = toNumber(textOf(ui_->txtContentMatchingPercent));
   ProfileSettings.MinimumSize = toNumber(textOf(ui_->txtMinimumSize));
   ProfileSettings.MinimumSizeMeasure = textOf(cboSizeMeasure_[0]);

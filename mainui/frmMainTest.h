@@ -97,7 +97,7 @@ class MainWindowTest : public EngineTest {
     return control<QPlainTextEdit>("txtHelp").toPlainText().toStdString();
   }
   static std::string helpTag() {
-    return control<QWidget>("fraHelp").property("tag").toString().toStdString();
+    return control<QWidget>("fraHelp").property("Tag").toString().toStdString();
   }
   static std::string panel(int number) {
     return control<PanelStatusBar>("sbarStatus").panel(number).text;
