@@ -16,7 +16,15 @@ class BeginningsTable {
   // Forgets all, and makes room for the files of a group.
   void redim(Int32 first, Int32 count);
 
-  void remember(Int32 file, std::string_view block);
+  // How many bytes of a first block are read to remember it.
+  static std::size_t lengthToRead(Int32 blockSize);
+
+  bool isInGroup(Int32 file) const;
+  // REQUIRES: the group has the file.
+  void remember(Int32 file, std::string_view beginning);
+  // Two first blocks that were compared and differ. If what is remembered of them is the same, more
+  // of them is remembered from now on.
+  void tellApart(Int32 one, std::string_view oneBlock, Int32 other, std::string_view otherBlock);
   bool knows(Int32 file) const;
   // Whether both blocks are known and differ.
   bool differ(Int32 one, Int32 other) const;
@@ -29,10 +37,13 @@ class BeginningsTable {
 
  private:
   Int32 row(Int32 file) const { return file - first_ + 1; }
-  bool isInGroup(Int32 file) const;
+  bool canPassOver(Int32 primary, Int32 file, bool poolHasRoom) const;
 
   Int32 first_ = 1;
-  Table<std::uint32_t> prints_;  // Equal for equal blocks; 0 for a file whose block is not known.
+  // Equal for equal blocks; 0 for a file whose block is not known. A sample tells most blocks apart
+  // and is quickly taken; the print of the whole block is for those that it doesn't.
+  Table<std::uint32_t> samples_;
+  Table<std::uint32_t> prints_;
 };
 
 extern BeginningsTable Beginnings;

@@ -1,6 +1,7 @@
 #include "detect/beginnings.h"
 
 #include <functional>
+#include <numeric>
 #include <set>
 #include <string>
 #include <vector>
@@ -122,6 +123,63 @@ TEST_F(BeginningsTest, FilesEqualAtTheirBeginningAreReadOnFromTheSecondBlock) {
   compareGroup({same + block(1), same + block(2), same + block(1), same + block(3)});
 
   EXPECT_THAT(matchNumbers(), ElementsAre(0, noMatch, 0, noMatch));
+}
+
+// Of a block longer than a page only a page is read at first, and only samples of that are looked
+// at.
+class LongBlockTest : public BeginningsTest {
+ public:
+  static constexpr int unsampled = 100;  // A place between two samples.
+  static constexpr int secondPage = 5000;
+
+ protected:
+  static constexpr int longBlock = 8192;
+
+  LongBlockTest() { allocateBlockPool(longBlock, 3); }
+
+  // Blocks that are equal but for the number at one place.
+  static std::vector<std::string> blocksThatDifferAt(int place, const std::vector<int>& numbers) {
+    std::vector<std::string> contents;
+    for (const int number : numbers) {
+      contents.emplace_back(longBlock, '.');
+      contents.back().replace(static_cast<std::size_t>(place), 4, std::to_string(1000 + number));
+    }
+    return contents;
+  }
+};
+
+class HiddenDifferenceTest : public LongBlockTest, public testing::WithParamInterface<int> {};
+
+TEST_P(HiddenDifferenceTest, MatchesAreThoseOfTheWholeBlocks) {
+  compareGroup(blocksThatDifferAt(GetParam(), {1, 2, 1, 3, 2, 1}));
+
+  EXPECT_THAT(matchNumbers(), ElementsAre(0, 1, 0, noMatch, 1, 0));
+}
+
+TEST_P(HiddenDifferenceTest, CountersAreThoseOfReadingEachPair) {
+  compareGroup(blocksThatDifferAt(GetParam(), {1, 2, 3, 4, 5, 6, 7}));
+
+  EXPECT_THAT((std::vector<int>{BufferReads.raw(), ActualReads.raw()}),
+              testing::ElementsAreArray(readsPairByPair(7, 3)));
+}
+
+TEST_P(HiddenDifferenceTest, FilesAreNotOpenedForEachPair) {
+  std::vector<int> numbers(60);
+  std::iota(numbers.begin(), numbers.end(), 0);
+  compareGroup(blocksThatDifferAt(GetParam(), numbers));
+
+  EXPECT_THAT(timesOpened(), Each(testing::Le(3)));
+}
+
+INSTANTIATE_TEST_SUITE_P(AnyPlace, HiddenDifferenceTest,
+                         testing::Values(LongBlockTest::unsampled, LongBlockTest::secondPage));
+
+TEST_F(LongBlockTest, DifferencesInTheSamplesAreFoundWithOneOpeningEach) {
+  compareGroup(blocksThatDifferAt(0, {1, 2, 3, 4, 5, 6, 7}));
+
+  EXPECT_THAT(timesOpened(), Each(1));
+  EXPECT_THAT((std::vector<int>{BufferReads.raw(), ActualReads.raw()}),
+              testing::ElementsAreArray(readsPairByPair(7, 3)));
 }
 
 // A pair that is told apart by memory leaves its block in the pool as one still to be read.

@@ -46,11 +46,15 @@ void openAt(FileNumber& handle, const std::string& path, OpenMode mode, Int32 bl
     readFailed = true;
 }
 
-// Reads a block at the file's position.
-void readAtPosition(ComparedFile& side, FileNumber handle) {
-  side.buffer->resize(static_cast<std::size_t>(BlockSize.raw()));
+// Reads at most `length` bytes at the file's position.
+void readAtPosition(ComparedFile& side, FileNumber handle, std::size_t length) {
+  side.buffer->resize(length);
   side.data = {};
   side.data = {side.buffer->data(), files().read(handle, *side.buffer)};
+}
+
+void readBlockAtPosition(ComparedFile& side, FileNumber handle) {
+  readAtPosition(side, handle, static_cast<std::size_t>(BlockSize.raw()));
 }
 
 void probeLocalCopy(const std::string& localName) {
@@ -79,7 +83,7 @@ void readLocalCopy(ComparedFile& side, Int32 block, bool& readFailed) {
   const std::string name(FileTable.FileLocalName[side.file]);
   if (side.localHandle == 0) openAt(side.localHandle, name, OpenMode::update, block, readFailed);
   if (side.localHandle <= 0) return;
-  if (ignoringFailure([&] { readAtPosition(side, side.localHandle); }) != 0) {
+  if (ignoringFailure([&] { readBlockAtPosition(side, side.localHandle); }) != 0) {
     basLogMsg("Error reading from file " + name);
     readFailed = true;
   }
@@ -105,60 +109,77 @@ void openActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
     openAt(side.actualHandle, actualPath(side.file), OpenMode::sharedBinary, block, readFailed);
 }
 
-// Reads the block that a slot of the pool stands for.
-void readIntoPool(ComparedFile& side, Int32 slot, Int32 block, bool& readFailed) {
-  const FileNumber handle =
-      basCompareFileContentOpenFile(actualPath(side.file), OpenMode::sharedBinary);
-  const auto read = [&] {
-    files().seek(handle, positionOf(block));
-    readAtPosition(side, handle);
-    BlockPoolData.store(slot, side.data);
-  };
-  readFailed = handle <= 0;
-  if (!readFailed && ignoringFailure(read) != 0) {
-    basLogMsg("Error reading from file " + actualPath(side.file));
-    readFailed = true;
-  }
-  closeIfOpen(handle);
+// Whether the first block of a file is remembered for the other pairs of the group. A file with a
+// local copy has that.
+bool mayRemember(Int32 file) {
+  return !LocalCopyActive && FileTable.FileLocalName[file].empty() && Beginnings.isInGroup(file);
 }
 
-// Remembers a first block for the other pairs of the group. A file with a local copy has that.
-void rememberBeginning(const ComparedFile& side) {
-  if (!LocalCopyActive && FileTable.FileLocalName[side.file].empty())
-    Beginnings.remember(side.file, side.data);
+void putOff(ComparedFile& side) {
+  side.data = unreadBlock;
+  side.isPutOff = true;
+}
+
+// Reads as much of the first block as tells it from most others, and remembers it.
+void readBeginning(ComparedFile& side) {
+  readAtPosition(side, side.actualHandle, BeginningsTable::lengthToRead(BlockSize));
+  Beginnings.remember(side.file, side.data);
+  if (side.data.size() == BeginningsTable::lengthToRead(BlockSize) && BlockSize > side.data.size())
+    putOff(side);
 }
 
 ReadSource readActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
-  if (block == 0 && side.isDecided) {
-    side.data = unreadBlock;
+  if (block == 0 && Beginnings.knows(side.file)) {
+    putOff(side);
     ++ActualReads;
     return ReadSource::actualFile;
   }
   if (side.actualHandle == 0) openActualFile(side, block, readFailed);
   if (side.actualHandle > 0) {
+    const bool isBeginning = block == 0 && mayRemember(side.file);
     if (block < 0) seekTail(side.actualHandle);
-    if (ignoringFailure([&] { readAtPosition(side, side.actualHandle); }) != 0) {
+    const auto read = [&] {
+      isBeginning ? readBeginning(side) : readBlockAtPosition(side, side.actualHandle);
+    };
+    if (ignoringFailure(read) != 0) {
       basLogMsg("Error reading from file " + actualPath(side.file));
       readFailed = true;
     } else if (block < 0) {
       files().seek(side.actualHandle, positionOf(block));
-    } else if (block == 0) {
-      rememberBeginning(side);
     }
-    side.hasBlock = !readFailed;
+    side.hasBlock = !readFailed && !side.isPutOff;
     ++ActualReads;
   }
   return readFailed ? ReadSource::none : ReadSource::actualFile;
 }
 
 // Whether the pool has the block.
-bool readFromPool(ComparedFile& side, Int32 positionInGroup, Int32 block, bool& readFailed) {
-  const Int32 slot = basLLReadData(side.file, positionInGroup, block, side.data);
-  if (slot == -1) return false;
+bool readFromPool(ComparedFile& side, Int32 positionInGroup, Int32 block) {
+  if (basLLReadData(side.file, positionInGroup, block, side.data) == -1) return false;
   ++BufferReads;
-  if (isUnread(side.data) && !side.isDecided) readIntoPool(side, slot, block, readFailed);
-  side.hasBlock = !isUnread(side.data) && !readFailed;
+  side.isPutOff = isUnread(side.data);
+  side.hasBlock = !side.isPutOff;
   return true;
+}
+
+// Reads a first block that has been put off. One from the pool leaves the file's handle alone, as
+// the next block may come from the pool too.
+void readPutOff(ComparedFile& side, bool& readFailed) {
+  FileNumber own = 0;
+  FileNumber& handle = side.isAtActualFile ? side.actualHandle : own;
+  if (handle == 0)
+    handle = basCompareFileContentOpenFile(actualPath(side.file), OpenMode::sharedBinary);
+  readFailed = handle <= 0;
+  const auto read = [&] {
+    files().seek(handle, 0);
+    readBlockAtPosition(side, handle);
+  };
+  if (!readFailed && ignoringFailure(read) != 0) {
+    basLogMsg("Error reading from file " + actualPath(side.file));
+    readFailed = true;
+  }
+  side.hasBlock = !readFailed;
+  closeIfOpen(own);
 }
 
 bool fitsTempSpace() {
@@ -219,12 +240,41 @@ bool areEqual(const ComparedFile& first, const ComparedFile& second) {
   return first.hasBlock && second.hasBlock && first.data == second.data;
 }
 
+void markUnreadable(Int32 file) {
+  FileTable.FileStatus[statusState][file] = fileState::unreadable;
+}
+
 // Reads a block of one side. A file that can't be read is marked.
 bool readSide(ComparedFile& side, Int32 request, Int32 groupFirst, Int32 groupCount) {
   bool readFailed = false;
   basCompareFileContentReadBlock(side, request, readFailed, groupFirst, groupCount);
-  if (readFailed) FileTable.FileStatus[statusState][side.file] = fileState::unreadable;
+  if (readFailed) markUnreadable(side.file);
   return !readFailed;
+}
+
+// Has the first block of one side whole. A file that can't be read is marked.
+bool completeBeginning(ComparedFile& side, Int32 groupFirst) {
+  if (!side.isPutOff) return true;
+  bool readFailed = false;
+  readPutOff(side, readFailed);
+  if (readFailed) {
+    markUnreadable(side.file);
+    return false;
+  }
+  std::string_view pooled;
+  const Int32 slot = basLLReadData(side.file, side.file - groupFirst + 1, 0, pooled);
+  if (slot != -1 && isUnread(pooled)) BlockPoolData.store(slot, side.data);
+  return true;
+}
+
+// Memory may tell two files apart. For a match both are read anew.
+bool beginAlike(ComparedFile& first, ComparedFile& second, Int32 groupFirst) {
+  if (Beginnings.differ(first.file, second.file)) return false;
+  if (!completeBeginning(first, groupFirst) || !completeBeginning(second, groupFirst)) return false;
+  if (areEqual(first, second)) return true;
+  if (first.hasBlock && second.hasBlock)
+    Beginnings.tellApart(first.file, first.data, second.file, second.data);
+  return false;
 }
 
 // The buffers outlive the pairs, so that a pair allocates nothing.
@@ -250,8 +300,6 @@ Int16 basCompareFileContent(Int32 primary, Int32 secondary, Int32 groupFirst, In
     {
       ComparedFile first(primary, primaryBuffer);
       ComparedFile second(secondary, secondaryBuffer);
-      // Memory may tell files apart. Two that are to match are read anew.
-      first.isDecided = second.isDecided = Beginnings.differ(primary, secondary);
       while (allEqual && block * BlockSize < size) {
         const std::int64_t position = positionOf(block);
         showComparison(primary, block, position, size);
@@ -264,7 +312,8 @@ Int16 basCompareFileContent(Int32 primary, Int32 secondary, Int32 groupFirst, In
           tailDone = true;
         }
         allEqual = readSide(first, request, groupFirst, groupCount) &&
-                   readSide(second, request, groupFirst, groupCount) && areEqual(first, second);
+                   readSide(second, request, groupFirst, groupCount) &&
+                   (block == 0 ? beginAlike(first, second, groupFirst) : areEqual(first, second));
         if (!allEqual) break;
         // The block just compared does not count yet.
         if (wholePercent(position, size.raw()) > ContentPercentLimit.raw())
@@ -284,13 +333,13 @@ void basCompareFileContentReadBlock(ComparedFile& side, Int32 block, bool& readF
     const Int32 file = side.file;
     const Int32 positionInGroup = file - groupFirst + 1;
     ReadSource source = ReadSource::none;
-    side.hasBlock = false;
+    side.hasBlock = side.isPutOff = false;
     if (!FileTable.FileLocalName[file].empty())
       probeLocalCopy(std::string(FileTable.FileLocalName[file]));
     // Once a comparison has gone to the file itself, it stays there.
     if (side.isAtActualFile) source = ReadSource::actualFile;
     if (source == ReadSource::none && groupCount >= smallestPooledGroup &&
-        readFromPool(side, positionInGroup, absolute(block), readFailed))
+        readFromPool(side, positionInGroup, absolute(block)))
       source = ReadSource::pool;
     if (source == ReadSource::none) extractIfZipEntry(file, readFailed);
     if (source == ReadSource::none && isInLocalCopy(file, block)) source = ReadSource::localCopy;

@@ -20,13 +20,12 @@ class ComparedFile {
   ~ComparedFile();
 
   Int32 file;
-  std::string_view data;  // The block last read: a view of the buffer or of the block pool. Unread
-                          // if the pair is decided.
+  std::string_view data;  // The block last read: a view of the buffer or of the block pool.
   FileNumber actualHandle = 0;
   FileNumber localHandle = 0;
   bool isAtActualFile = false;  // Its blocks come from the file itself from now on.
   bool hasBlock = false;        // Whether the last read gave a block.
-  bool isDecided = false;       // The pair is known to differ: its first blocks are not read.
+  bool isPutOff = false;        // The last read was of a first block and has yet to be done.
   std::vector<char>* buffer;
 };
 

@@ -82,6 +82,28 @@ void findLast(Place& place, const std::string& name) {
   appendTo(place.path, place.name);
 }
 
+// Enters all components but the last, each as it is written or failing that as it is found.
+bool enterAllButLast(Place& place, const std::vector<std::string>& components) {
+  place.directory = openDirectory(AT_FDCWD, place.path.empty() ? "." : place.path.c_str());
+  if (!place.directory.isOpen()) {
+    place.error = errno;
+    return false;
+  }
+  for (std::size_t i = 0; i + 1 < components.size(); ++i)
+    if (!enter(place, components[i])) return false;
+  return true;
+}
+
+// The same for a path that is right as it is written, as nearly all are.
+bool enterAsWritten(Place& place, const std::vector<std::string>& components) {
+  std::string path = place.path;
+  for (std::size_t i = 0; i + 1 < components.size(); ++i)
+    appendTo(path, components[i]);
+  place.directory = openDirectory(AT_FDCWD, path.empty() ? "." : path.c_str());
+  if (place.directory.isOpen()) place.path = std::move(path);
+  return place.directory.isOpen();
+}
+
 }  // namespace
 
 Place locate(const std::string& linuxPath) {
@@ -93,14 +115,8 @@ Place locate(const std::string& linuxPath) {
     return place;
   }
   place.path = isAbsolute ? "/" : "";
-  place.directory = openDirectory(AT_FDCWD, isAbsolute ? "/" : ".");
-  if (!place.directory.isOpen()) {
-    place.error = errno;
-    return place;
-  }
-  for (std::size_t i = 0; i + 1 < components.size(); ++i)
-    if (!enter(place, components[i])) return place;
-  findLast(place, components.empty() ? "." : components.back());
+  if (enterAsWritten(place, components) || enterAllButLast(place, components))
+    findLast(place, components.empty() ? "." : components.back());
   return place;
 }
 
