@@ -7,7 +7,7 @@ std::string helpText() {
        quernstoke-scan [options] --profile NAME [--continue]
 
 Finds duplicate files below the directories, or runs the scan of a stored profile. The sets of
-equal files go to standard output, one path a line, a blank line between two sets.
+equal files go to standard output, one path a line, a blank line between two sets; or as a table.
 
 What to look at (with DIRECTORY only):
   --match LETTERS   compare N names, C content, S sizes, in any combination (default C)
@@ -29,8 +29,10 @@ Both:
   --home DIR        where the program's files lie (default: what QUERNSTOKE_HOME names, or the
                     directory of the program). A scan of directories makes a home of its own below
                     DIR, or else in TMPDIR or /tmp, and removes it afterwards
-  --format text     how to write the sets; csv and html are not there yet
-  --output FILE     write the sets to FILE
+  --format FORMAT   text, csv or html (default text). csv and html also tell dates and sizes; html
+                    is made from results_template.html in the home or beside the program, or else
+                    from a page of its own
+  --output FILE     write the sets to FILE, which is replaced and so never one of a set
   --quiet           neither progress nor summary
   --version, --help
 

@@ -31,10 +31,17 @@ std::string existingDirectory(const std::string& path) {
   return real.native();
 }
 
+std::string executableDirectory() {
+  return std::filesystem::read_symlink("/proc/self/exe").parent_path().native();
+}
+
+std::string homeChosen(const std::optional<std::string>& chosen) {
+  if (chosen) return *chosen;
+  return environment("QUERNSTOKE_HOME").value_or(executableDirectory());
+}
+
 std::string programHome(const std::optional<std::string>& chosen) {
-  if (chosen) return existingDirectory(*chosen);
-  if (const auto named = environment("QUERNSTOKE_HOME")) return existingDirectory(*named);
-  return existingDirectory(std::filesystem::read_symlink("/proc/self/exe").parent_path().native());
+  return existingDirectory(homeChosen(chosen));
 }
 
 ScratchHome::ScratchHome(const std::optional<std::string>& chosen)

@@ -9,8 +9,13 @@ namespace quernstoke {
 // that isn't there or is no directory.
 std::string existingDirectory(const std::string& path);
 
-// Where the program's files lie: the directory chosen, or what QUERNSTOKE_HOME names, or the
-// directory of the executable.
+std::string executableDirectory();
+
+// Where the program's files are said to lie: in the directory chosen, or what QUERNSTOKE_HOME
+// names, or the directory of the executable.
+std::string homeChosen(const std::optional<std::string>& chosen);
+
+// The same, if it is there.
 std::string programHome(const std::optional<std::string>& chosen);
 
 // A home for one scan, in the directory chosen, or in TMPDIR or /tmp. It is removed with all that

@@ -133,10 +133,10 @@ std::string profileName(std::string_view text) {
   return std::string(text);
 }
 
-void requireTextFormat(std::string_view text) {
-  if (text == "text") return;
-  if (text == "csv" || text == "html")
-    refuse("--format " + std::string(text) + " is not there yet; text is");
+ReportFormat reportFormat(std::string_view text) {
+  if (text == "text") return ReportFormat::text;
+  if (text == "csv") return ReportFormat::csv;
+  if (text == "html") return ReportFormat::html;
   refuse("--format takes text, csv or html, not " + quoted(text));
 }
 

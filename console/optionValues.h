@@ -19,6 +19,6 @@ std::int64_t bytesOf(const SizeLimit& limit);
 std::string typeList(std::string_view text);
 // A name that stays below the directory of the profiles.
 std::string profileName(std::string_view text);
-void requireTextFormat(std::string_view text);
+ReportFormat reportFormat(std::string_view text);
 
 }  // namespace quernstoke

@@ -112,7 +112,7 @@ bool takeCommonOption(int id, Options& options) {
     case continueId:
       return options.continues = true;
     case formatId:
-      requireTextFormat(optarg);
+      options.format = reportFormat(optarg);
       return true;
     case outputId:
       options.output = filledValue(id);

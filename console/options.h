@@ -28,6 +28,8 @@ struct DirectoryScan {
   bool system = false;
 };
 
+enum class ReportFormat { text, csv, html };
+
 struct Options {
   enum class Task { scanDirectories, runProfile, showHelp, showVersion };
 
@@ -36,6 +38,7 @@ struct Options {
   std::string profile;
   bool continues = false;
   std::optional<std::string> home;
+  ReportFormat format = ReportFormat::text;
   std::optional<std::string> output;  // Standard output unless set.
   bool quiet = false;
 };

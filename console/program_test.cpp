@@ -322,6 +322,52 @@ TEST_F(ScanProgramTest, OutputGoesToAFile) {
   EXPECT_EQ(setsOf(tree.content("out")), oneSet({"a", "b"}));
 }
 
+TEST_F(ScanProgramTest, TablesGoWhereTextGoes) {
+  equalFiles({"a", "b"});
+  const std::string csv = scan({"--format", "csv"}).out;
+  EXPECT_THAT(csv, StartsWith("Marker,Block#,Name,Directory,Date,Size\r\n\"\",1,\""));
+  EXPECT_THAT(csv, HasSubstr(",\"b\",\"" + tree.path("in") + "\","));
+  EXPECT_EQ(std::ranges::count(csv, '\n'), 3);
+  const RunResult page = scan({"--format", "html", "--output", tree.path("out")});
+  EXPECT_EQ(page.status, 0);
+  EXPECT_EQ(page.out, "");
+  EXPECT_THAT(tree.content("out"), StartsWith("<!DOCTYPE html>\r\n"));
+  EXPECT_THAT(tree.content("out"), EndsWith("</html>\r\n"));
+  EXPECT_THAT(tree.content("out"),
+              HasSubstr("\">b</td><td class=\"colour1\">" + tree.path("in") + "</td>"));
+}
+
+TEST_F(ScanProgramTest, PageIsMadeFromTheTemplateOfTheHome) {
+  equalFiles({"a", "b"});
+  tree.file("home/results_template.html", "mine\n<File_data_inserted_here>\n");
+  program.environment.emplace_back("QUERNSTOKE_HOME", tree.path("home"));
+  EXPECT_THAT(scan({"--format", "html"}).out, StartsWith("mine\r\n<tr><td "));
+}
+
+TEST_F(ScanProgramTest, TemplateThatCannotBeUsedEndsTheRunBeforeTheScan) {
+  tree.file("home/results_template.html", "mine\n");
+  const RunResult result = scan({"--home", tree.path("home"), "--format", "html"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.err, "quernstoke-scan: " + tree.path("home/results_template.html") +
+                            ": has no <File_data_inserted_here>\n");
+  EXPECT_EQ(scan({"--home", tree.path("home"), "--format", "csv"}).status, 0);
+}
+
+// Else the report would call a file equal that it has just replaced.
+TEST_F(ScanProgramTest, OutputFileIsInNoSet) {
+  equalFiles({"a", "b", "out"});
+  const RunResult result = scan({"--output", in("out")});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(setsOf(tree.content("in/out")), oneSet({"a", "b"}));
+  EXPECT_THAT(result.err,
+              StartsWith("quernstoke-scan: '" + in("out") + "' is left out: it is replaced\n"));
+  EXPECT_THAT(result.err, HasSubstr("4 files, 1 duplicate, "));
+  tree.file("in/out", "the same");
+  std::filesystem::remove(in("b"));
+  EXPECT_EQ(scan({"--quiet", "--output", in("out")}).err, "");
+  EXPECT_EQ(tree.content("in/out"), "");
+}
+
 TEST_F(ScanProgramTest, OutputFileIsNotTouchedByARunThatDoesNotBegin) {
   const std::string out = tree.path("out");
   EXPECT_EQ(scan({"--output", out, "--match", "X"}).status, 2);
@@ -351,7 +397,9 @@ class OutputFailureTest : public ScanProgramTest {
 };
 
 TEST_F(OutputFailureTest, FullDiskIsTold) {
-  expectFailure(scan({"--output", "/dev/full"}), "/dev/full: No space left on device");
+  for (const char* format : {"text", "csv", "html"})
+    expectFailure(scan({"--output", "/dev/full", "--format", format}),
+                  "/dev/full: No space left on device");
   program.outPath = "/dev/full";
   expectFailure(scan(), "standard output: No space left on device");
   EXPECT_EQ(run({"--help"}).status, 1);
@@ -379,8 +427,7 @@ TEST_F(ScanProgramTest, WrongArgumentsAreToldInOneLine) {
   expectWrong({"--max-size", "858994GB", directory});
   expectWrong({"--min-size", "2B", "--max-size", "1B", directory});
   expectWrong({"--types", "", directory});
-  expectWrong({"--format", "csv", directory});
-  expectWrong({"--format", "html", directory});
+  expectWrong({"--format", "xml", directory});
   expectWrong({"--continue", directory});
   expectWrong({"--profile", "MyDocs", directory});
   expectWrong({"--profile", "MyDocs", "--zip"});
@@ -482,6 +529,17 @@ TEST_F(ScanProfileTest, LeavesLogProfileAndSnapshots) {
   EXPECT_THAT(homeFile("Profiles/MyDocs.dir"), HasSubstr("Documents"));
   EXPECT_THAT(homeFile("Profiles/MyDocs.profile"), HasSubstr("RunMode"));
   EXPECT_TRUE(tree.exists("home/Profiles/global.settings"));
+}
+
+TEST_F(ScanProfileTest, TableHasTheMarkersOfTheSettings) {
+  document("a", 'a', 40);
+  document("b", 'a', 40);
+  runProfile();
+  std::string settings = homeFile("Profiles/global.settings");
+  const std::string indicator = "ResultsBlockIndicator\t1\t";
+  settings.insert(settings.find(indicator) + indicator.size(), "first");
+  tree.file("home/Profiles/global.settings", settings);
+  EXPECT_THAT(runProfile({"--format", "csv"}).out, HasSubstr("\r\n\"first\",1,"));
 }
 
 TEST_F(ScanProfileTest, HomeIsWhatTheVariableNames) {

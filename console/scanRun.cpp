@@ -3,9 +3,13 @@
 #include "catalogue/fileTable.h"
 #include "console/consolePlatform.h"
 #include "console/exitStatus.h"
+#include "console/exportReport.h"
+#include "console/foundSets.h"
 #include "console/homeDirectory.h"
+#include "console/machinePaths.h"
 #include "console/options.h"
 #include "console/output.h"
+#include "console/reportPage.h"
 #include "console/scanPlan.h"
 #include "console/signals.h"
 #include "console/standardError.h"
@@ -14,6 +18,7 @@
 #include "core/modMain.h"
 #include "core/scanDriver.h"
 #include "core/scanState.h"
+#include "export/pageTemplate.h"
 #include "mainui/profileSelection.h"
 #include "settings/profileStore.h"
 #include "settings/settings.h"
@@ -88,9 +93,28 @@ Summary::Outcome outcomeOf(const ConsoleDialogs& dialogs) {
   return Summary::Outcome::finished;
 }
 
-std::int64_t writeReport(const Options& options, const DriveTable& drives) {
+// Looks at all that writing the report needs, as a scan may take hours. Returns the page that an
+// html report is made from.
+PageTemplate prepareReport(const Options& options) {
+  if (options.output) requireWritable(*options.output);
+  return options.format == ReportFormat::html ? reportPage(options.home) : PageTemplate();
+}
+
+void leaveOutputOut(const Options& options, MachinePaths& paths, StandardError& err) {
+  if (options.output && leaveOut(*options.output, paths) && !options.quiet)
+    err.line("quernstoke-scan: '" + *options.output + "' is left out: it is replaced");
+}
+
+// Returns the number of duplicates.
+std::int64_t writeReport(const Options& options, const PageTemplate& page, const DriveTable& drives,
+                         StandardError& err) {
+  MachinePaths paths(drives);
+  leaveOutputOut(options, paths, err);
+  const SetCounts counts = groupSets();
   Output output(options.output);
-  const ReportCounts counts = writeTextReport(drives, output);
+  if (options.format == ReportFormat::text) writeTextReport(paths, output);
+  if (options.format == ReportFormat::csv) writeCsvReport(paths, output);
+  if (options.format == ReportFormat::html) writeHtmlReport(page, paths, output);
   output.finish();
   return counts.files - counts.sets;
 }
@@ -101,15 +125,15 @@ ExitStatus statusOf(Summary::Outcome outcome) {
 }
 
 // A scan that was stopped has no report, and leaves that of an earlier one as it is.
-ExitStatus report(const Options& options, const ConsolePlatform& platform, std::int64_t files,
-                  StandardError& err) {
+ExitStatus report(const Options& options, const PageTemplate& page, const ConsolePlatform& platform,
+                  std::int64_t files, StandardError& err) {
   err.clearProgress();
   Summary summary;
   summary.files = files;
   summary.seconds = platform.tally.seconds();
   summary.passedOver = platform.tally.passedOver();
   summary.duplicates = RunState == runState::finished
-                           ? writeReport(options, platform.files.drives())
+                           ? writeReport(options, page, platform.files.drives(), err)
                            : DuplicateCount.raw();
   summary.outcome = outcomeOf(platform.dialogs);
   if (!options.quiet || summary.outcome == Summary::Outcome::failed) err.line(summaryLine(summary));
@@ -120,7 +144,7 @@ ExitStatus report(const Options& options, const ConsolePlatform& platform, std::
 
 ExitStatus scanDirectories(const Options& options, StandardError& err) {
   const ScanPlan plan = planScan(options.scan);
-  if (options.output) requireWritable(*options.output);
+  const PageTemplate page = prepareReport(options);
   if (!options.quiet)
     for (const std::string& remark : plan.remarks)
       err.line("quernstoke-scan: " + remark);
@@ -135,12 +159,12 @@ ExitStatus scanDirectories(const Options& options, StandardError& err) {
     StartMode = startMode::newScan;
     basStartScan();
   }
-  return report(options, platform, platform.tally.filesMet(), err);
+  return report(options, page, platform, platform.tally.filesMet(), err);
 }
 
 ExitStatus scanProfile(const Options& options, StandardError& err) {
   const std::string home = programHome(options.home);
-  if (options.output) requireWritable(*options.output);
+  const PageTemplate page = prepareReport(options);
   ConsolePlatform platform(DriveTable::fromEnvironment(), OnStop::pause,
                            showsProgress(options, err), err);
   std::int64_t filesTakenUp = 0;
@@ -152,7 +176,7 @@ ExitStatus scanProfile(const Options& options, StandardError& err) {
     basStartScan();
   }
   const std::int64_t files = options.continues ? filesTakenUp : platform.tally.filesMet();
-  return report(options, platform, files, err);
+  return report(options, page, platform, files, err);
 }
 
 }  // namespace quernstoke

@@ -4,11 +4,11 @@
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
+#include "console/foundSets.h"
+#include "console/machinePaths.h"
 #include "console/output.h"
-#include "core/scanState.h"
 #include "platform/linux/pathMapping.h"
 #include "platform/linux/temporaryTree.h"
-#include "results/matchGroupIndex.h"
 #include "testing/engineTest.h"
 
 namespace quernstoke {
@@ -18,13 +18,14 @@ class TextReportTest : public EngineTest {
  protected:
   std::string report(const DriveTable& drives = {}) {
     Output output(tree.path("report"));
-    counts = writeTextReport(drives, output);
+    MachinePaths paths(drives);
+    groupSets();
+    writeTextReport(paths, output);
     output.finish();
     return tree.content("report");
   }
 
   TemporaryTree tree;
-  ReportCounts counts;
 };
 
 TEST_F(TextReportTest, SetsComeInTheOrderOfTheirNumbersWithABlankLineBetween) {
@@ -34,34 +35,11 @@ TEST_F(TextReportTest, SetsComeInTheOrderOfTheirNumbersWithABlankLineBetween) {
   EXPECT_TRUE(text == "/x/a\n/y/b\n\n/x/c\n/y/d\n" || text == "/y/b\n/x/a\n\n/x/c\n/y/d\n" ||
               text == "/x/a\n/y/b\n\n/y/d\n/x/c\n" || text == "/y/b\n/x/a\n\n/y/d\n/x/c\n")
       << text;
-  EXPECT_EQ(counts.sets, 2);
-  EXPECT_EQ(counts.files, 4);
 }
 
-TEST_F(TextReportTest, SetOfOneFileIsNone) {
-  buildCatalogue({{"a", "C:\\x", 1, 0}, {"b", "C:\\x", 1, 1}, {"b", "C:\\x", 1, 1}});
-  EXPECT_EQ(report(), "/x/b\n/x/b\n");
-  EXPECT_EQ(counts.sets, 1);
-}
-
-TEST_F(TextReportTest, FileWithoutANumberIsInNoSet) {
+TEST_F(TextReportTest, WithoutSetsItIsEmpty) {
   buildCatalogue({{"a", "C:\\x"}, {"b", "C:\\x"}});
   EXPECT_EQ(report(), "");
-}
-
-TEST_F(TextReportTest, EmptyCatalogueShowsNoGroupsOfAnEarlierPass) {
-  buildCatalogue({});
-  MatchGroupTable.redim(1, false);
-  MatchGroupTable[1] = {1, 2};
-  MatchGroupCount = 1;
-  EXPECT_EQ(report(), "");
-}
-
-TEST_F(TextReportTest, CountOfDuplicatesStaysAsTheScanLeftIt) {
-  buildCatalogue({{"a", "C:\\x", 1, 0}, {"b", "C:\\x", 1, 0}});
-  DuplicateCount = 7;
-  report();
-  EXPECT_EQ(DuplicateCount, 7);
 }
 
 TEST_F(TextReportTest, NamesComeBackAsTheyAreOnTheMachine) {
