@@ -16,6 +16,7 @@ extern Int32 DialogValue2;
 struct ModalForms {
   std::function<void()> frmAddFileType;
   std::function<void()> frmDirTree;
+  std::function<void()> frmExportResults;
   std::function<void()> frmGetDirName;
   std::function<void()> frmSplashScreen;
 };
