@@ -2,7 +2,7 @@
 
 #include "catalogue/dirTable.h"
 #include "core/scanState.h"
-#include "results/gridSelection.h"
+#include "results/matchGroupIndex.h"
 #include "results/resultsGridTest.h"
 
 namespace quernstoke {

@@ -126,16 +126,18 @@ void frmResults::connectControls() {
 }
 
 void frmResults::preparePictures() {
-  const std::initializer_list<std::pair<const char*, QString>> pictures = {
-      {"SimpleTick", tr("Tick")},
-      {"SmallTick", tr("ticked")},
-      {"SmallUnTick", tr("not ticked")},
-      {"BigTick1", tr("ticked")},
-      {"BigTick2", {}},
-      {"BigUnTick1", tr("not ticked")},
-      {"BigUnTick2", {}}};
-  for (const auto& [name, meaning] : pictures)
-    ui_->gridMatches->addPicture(name, picture(name), pictureSize(name), meaning);
+  const auto add = [this](const char* name, QSize size, const QString& meaning = {}) {
+    ui_->gridMatches->addPicture(name, picture(name), size, meaning);
+  };
+  // A tick lies low in its cell and no tick high. As high as the row, they don't dance.
+  const int rowHeight = pixelsFromTwips(gridMatches().rowHeight(1).raw());
+  add("SmallTick", {pictureSize("SmallTick").width(), rowHeight}, tr("ticked"));
+  add("SmallUnTick", {pictureSize("SmallUnTick").width(), rowHeight}, tr("not ticked"));
+  add("SimpleTick", pictureSize("SimpleTick"), tr("Tick"));
+  add("BigTick1", pictureSize("BigTick1"), tr("ticked"));
+  add("BigTick2", pictureSize("BigTick2"));
+  add("BigUnTick1", pictureSize("BigUnTick1"), tr("not ticked"));
+  add("BigUnTick2", pictureSize("BigUnTick2"));
   ui_->cmdOpenFile->setIcon(picture("OpenFile"));
   ui_->cmdOpenDir->setIcon(picture("Open"));
   ui_->cmdSetDir_0->setIcon(picture("SetDirectory1"));

@@ -99,7 +99,7 @@ void frmResults::placeButtons() {
 // So that no button hides another and a page has room, as far as the screen has.
 void frmResults::limitSize() {
   ensurePolished();
-  constexpr int narrowestGrid = 400;
+  constexpr int narrowestGrid = 440;
   const int buttons =
       ui_->picActions->sizeHint().height() + ui_->cmdClose->sizeHint().height() + 5 * margin();
   const QSize least(

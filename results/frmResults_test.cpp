@@ -313,11 +313,14 @@ TEST_F(ResultsLayoutTest, PageGrowsWithTheWindow) {
 TEST_F(ResultsLayoutTest, ResizeGoesBackToTheFirstPageAndKeepsTicks) {
   showFiles(150);
   clickCell(2, 0);
+  const std::string name = text(2, 1);
   press(Qt::Key_PageDown);
   resizeTo(900, 500);
   EXPECT_EQ(firstFile(), 1);
-  EXPECT_THAT(ticked(), ElementsAre(names()[1]));
-  EXPECT_EQ(grid().cell(2, 0).picture, "SmallTick");
+  EXPECT_THAT(ticked(), ElementsAre(name));
+  // Files of one match may have changed places.
+  for (Int32 row = 1; row <= 2; ++row)
+    EXPECT_EQ(grid().cell(row, 0).picture == "SmallTick", grid().cell(row, 1).text == name);
 }
 
 TEST_F(ResultsLayoutTest, ResizeOfANormalWindowSortsAnew) {
