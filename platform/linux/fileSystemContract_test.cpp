@@ -145,10 +145,10 @@ TYPED_TEST(FileSystemContractTest, ReadOnlyFileIsKeptUntilItsAttributesAreCleare
 TYPED_TEST(FileSystemContractTest, WalkedFileIsRemovedAlsoReadOnly) {
   this->files_.makeDirectory(this->at("Dir"));
   this->makeFile("Dir\\File");
-  this->disk_.makeReadOnly("Dir\\File");
   this->files_.removeWalked(this->at("Dir\\File"), this->disk_.root);
   EXPECT_FAILURE(fileNotFound, this->files_.attributes(this->at("Dir\\File")));
   this->makeFile("File");
+  this->disk_.makeReadOnly("File");
   this->files_.removeWalked(this->at("File"), this->disk_.root);
   EXPECT_FAILURE(fileNotFound, this->files_.attributes(this->at("File")));
 }
