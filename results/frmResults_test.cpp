@@ -3,6 +3,8 @@
 #include <QAccessible>
 #include <QApplication>
 
+#include "catalogue/dirTable.h"
+#include "catalogue/snapshots.h"
 #include "results/frmResultsTest.h"
 
 namespace quernstoke {
@@ -498,6 +500,35 @@ TEST_F(ResultsWindowTest, ClosingRemovesCopiesOfZipEntries) {
   FileTable.FileLocalName.set(2, copy);
   click("cmdClose");
   EXPECT_FALSE(disk.exists(copy));
+}
+
+TEST_F(ResultsWindowTest, PreviousResultsShowTicksAndDeletionsAndCanBeWorkedOn) {
+  showFiles(6);
+  clickCell(1, 0);
+  const std::string tickedName = text(1, 1);
+  clickCell(3, 1);
+  const std::string deletedName = text(3, 1);
+  click("cmdDeleteFile_0");
+  click("cmdClose");
+
+  FileCount = DirCount = 0;
+  basRedimFilesArrays(10, false);
+  ASSERT_TRUE(basLoadFilesList());
+  basLoadDirTable();
+  show();
+  EXPECT_THAT(ticked(), ElementsAre(tickedName));
+  for (Int32 row = 1; row <= 6; ++row)
+    EXPECT_EQ(grid().cell(row, 1).strikeThrough, grid().cell(row, 1).text == deletedName);
+  dialogBoxes.answers = {Answer::yes};
+  click("cmdDeleteFile_1");
+  EXPECT_FALSE(onDisk(tickedName));
+}
+
+TEST_F(ResultsWindowTest, EmptyListIsLeftByEscape) {
+  buildCatalogue({});
+  show();
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(window.isLoaded());
 }
 
 TEST_F(ResultsWindowTest, FailureToWriteIsToldAndTheMainWindowComesAllTheSame) {

@@ -175,8 +175,9 @@ TEST_F(DeletionOnDisk, OddNamesGoAndTheirLikesStay) {
 // A damaged list may hold any name.
 TEST_F(DeletionOnDisk, NamesThatLeadAwayAreNotFollowed) {
   tree_.file("sub/inner/file");
+  tree_.file("sub/other");
   tree_.file("song");
-  for (const char* name : {"..\\song", "inner\\..\\..\\song", ".", "..", ""}) {
+  for (const char* name : {"..\\song", "inner\\..\\..\\song", ".", "..", "", "*", "?????"}) {
     bool deleted = false;
     const Int32 file = basAddFileToList(name, inRoot("sub"), 1, {});
     basDeleteFileFromGrid(file, deleted);
@@ -184,6 +185,7 @@ TEST_F(DeletionOnDisk, NamesThatLeadAwayAreNotFollowed) {
   }
   EXPECT_TRUE(tree_.exists("song"));
   EXPECT_TRUE(tree_.exists("sub/inner/file"));
+  EXPECT_TRUE(tree_.exists("sub/other"));
 }
 
 }  // namespace
