@@ -51,6 +51,8 @@ class HelpWatch : public QObject {
 void watchForHelp(QWidget& form, std::vector<const QWidget*> backgrounds,
                   std::function<void(int)> show) {
   auto* const watch = new HelpWatch(form, std::move(backgrounds), std::move(show));
+  form.setMouseTracking(true);
+  form.installEventFilter(watch);
   for (QWidget* child : form.findChildren<QWidget*>()) {
     child->setMouseTracking(true);
     child->installEventFilter(watch);

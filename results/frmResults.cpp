@@ -81,7 +81,8 @@ frmResults::frmResults() : ui_(std::make_unique<Ui::frmResults>()) {
   ui_->setupUi(this);
   scrollBar_ = std::make_unique<QtScrollBar>(ui_->vscrGridMatches);
   autoResize_ = std::make_unique<AutoResizeButton>(ui_->cmdAutoResize);
-  gridMatches().setScrollBars(ScrollBars::horizontal);  // The page is turned by vscrGridMatches.
+  ui_->gridMatches->model().setScrollBars(
+      ScrollBars::horizontal);  // The page is turned by vscrGridMatches.
   ui_->sbarStatus->setPanelCount(statusPanelCount);
   ui_->labNoDuplicates->hide();
   ui_->fraHelp->hide();
@@ -130,7 +131,7 @@ void frmResults::preparePictures() {
     ui_->gridMatches->addPicture(name, picture(name), size, meaning);
   };
   // A tick lies low in its cell and no tick high. As high as the row, they don't dance.
-  const int rowHeight = pixelsFromTwips(gridMatches().rowHeight(1).raw());
+  const int rowHeight = pixelsFromTwips(ui_->gridMatches->model().rowHeight(1).raw());
   add("SmallTick", {pictureSize("SmallTick").width(), rowHeight}, tr("ticked"));
   add("SmallUnTick", {pictureSize("SmallUnTick").width(), rowHeight}, tr("not ticked"));
   add("SimpleTick", pictureSize("SimpleTick"), tr("Tick"));
