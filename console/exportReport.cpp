@@ -46,7 +46,8 @@ FileNaming machineNaming(MachinePaths& paths, Escape escape) {
 ResultsLayout layoutOf(ResultsFormat format) {
   return {format,
           GlobalSettings.ResultsBlockMarkers,
-          {GlobalSettings.ResultsBlockIndicator[1], GlobalSettings.ResultsBlockIndicator[2]},
+          {csvText(GlobalSettings.ResultsBlockIndicator[1]),
+           csvText(GlobalSettings.ResultsBlockIndicator[2])},
           GlobalSettings.ResultsNumberEachBlock};
 }
 

@@ -4,6 +4,7 @@
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
+#include "platform/failure.h"
 #include "platform/linux/pathLookup.h"
 #include "platform/linux/pathMapping.h"
 
@@ -41,7 +42,12 @@ const std::string& MachinePaths::directoryOfRow(Int32 row) {
 
 // A profile may name a directory in another letter case than the machine.
 std::string MachinePaths::found(std::string_view programPath) const {
-  std::string path = drives_.linuxPath(programPath);
+  std::string path;
+  try {
+    path = drives_.linuxPath(programPath);
+  } catch (const Failure&) {
+    return std::string(programPath);  // Its drive is not there today.
+  }
   if (::access(path.c_str(), F_OK) == 0) return path;
   const Place place = locate(path);
   return place.exists ? place.path : path;

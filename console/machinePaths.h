@@ -10,7 +10,6 @@
 namespace quernstoke {
 
 class DriveTable;
-struct DirRow;
 
 // Tells the files of the catalogue by this machine's own names.
 class MachinePaths {

@@ -32,6 +32,13 @@ TEST_F(MachinePathsTest, NamesAreThoseOfTheMachine) {
   EXPECT_EQ(paths.directory(1), "/q?");
 }
 
+// A paused scan may be continued where one of its drives is missing.
+TEST_F(MachinePathsTest, DirectoryOfAMissingDriveIsToldAsItIs) {
+  buildCatalogue({{"a", "Q:\\x"}});
+  EXPECT_EQ(paths.directory(1), "Q:\\x");
+  EXPECT_EQ(paths.path(1), "Q:\\x/a");
+}
+
 TEST_F(MachinePathsTest, EntriesOfAnArchiveStandBehindIt) {
   buildCatalogue({{"one", "C:\\x\\a.zip"}, {"two", "docs"}, {"three", ""}});
   DirTable.set(1, {"C:\\x\\a.zip", dirKind::zipFile, noParent, false});

@@ -344,6 +344,14 @@ TEST_F(ScanProgramTest, PageIsMadeFromTheTemplateOfTheHome) {
   EXPECT_THAT(scan({"--format", "html"}).out, StartsWith("mine\r\n<tr><td "));
 }
 
+TEST_F(ScanProgramTest, PageMayBeMadeFromTheTemplateBesideTheProgram) {
+  equalFiles({"a", "b"});
+  tree.file("installed/results_template.html", "theirs\n<File_data_inserted_here>\n");
+  program.executable = tree.path("installed/quernstoke-scan");
+  std::filesystem::copy_file(QUERNSTOKE_SCAN_PATH, program.executable);
+  EXPECT_THAT(scan({"--format", "html"}).out, StartsWith("theirs\r\n<tr><td "));
+}
+
 TEST_F(ScanProgramTest, TemplateThatCannotBeUsedEndsTheRunBeforeTheScan) {
   tree.file("home/results_template.html", "mine\n");
   const RunResult result = scan({"--home", tree.path("home"), "--format", "html"});

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <system_error>
 
 #include "console/exitStatus.h"
@@ -24,7 +24,10 @@ std::string contentOf(const std::filesystem::path& path) {
   if (!std::filesystem::is_regular_file(path, error)) refuse(path, "not a regular file");
   std::ifstream stream(path, std::ios::binary);
   if (!stream) refuse(path, std::strerror(errno));
-  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  std::ostringstream content;
+  content << stream.rdbuf();
+  if (content.bad()) refuse(path, "can't be read to its end");
+  return content.str();
 }
 
 PageTemplate pageOf(const std::filesystem::path& path) {

@@ -7,9 +7,9 @@ namespace quernstoke {
 
 struct PageTemplate;
 
-// The template of an html report: that in the home directory chosen, or in the one that
-// QUERNSTOKE_HOME names, or beside the executable; without any the program's own. Throws the
-// ScanError for one that can't be used.
+// The template of an html report: that in the home directory, which is the one given or else the
+// one that QUERNSTOKE_HOME names; without one there, that beside the executable; without either the
+// program's own. Throws the ScanError for one that can't be used.
 PageTemplate reportPage(const std::optional<std::string>& home);
 
 // What packaging/results_template.html holds.

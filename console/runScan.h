@@ -28,6 +28,7 @@ struct RunResult {
 
 // One run of the built program, for tests. Fields are set as needed before run().
 struct RunScan {
+  std::string executable = QUERNSTOKE_SCAN_PATH;
   std::vector<std::string> arguments;
   std::vector<std::pair<std::string, std::string>> environment;  // Added; an empty value unsets.
   std::string workingDirectory;
@@ -138,7 +139,7 @@ struct RunScan {
     for (std::string& word : words)
       pointers.push_back(word.data());
     pointers.push_back(nullptr);
-    ::execv(QUERNSTOKE_SCAN_PATH, pointers.data());
+    ::execv(executable.c_str(), pointers.data());
   }
 };
 

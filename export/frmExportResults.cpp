@@ -1,5 +1,7 @@
 #include "export/frmExportResults.h"
 
+#include <QLayout>
+#include <algorithm>
 #include <string>
 
 #include "core/modMain.h"
@@ -45,6 +47,8 @@ frmExportResults::~frmExportResults() = default;
 
 void frmExportResults::Form_Load() {
   procedure("Form_Load", [this] {
+    // The texts take more lines with a larger font.
+    resize(width(), std::max(height(), layout()->totalHeightForWidth(width())));
     const GlobalSettingsRecord& settings = GlobalSettings;
     const int format = settings.ResultsOutputFormat == "CSV" ? csv : html;
     optOutputFormat_Click(html);  // It is selected already.
@@ -97,7 +101,7 @@ std::string frmExportResults::outputFilename() const {
   return enteredText(ui_->txtOutputFilename->text());
 }
 
-ResultsLayout frmExportResults::layout() const {
+ResultsLayout frmExportResults::chosenLayout() const {
   return {optOutputFormat_[csv]->isChecked() ? ResultsFormat::csv : ResultsFormat::html,
           ui_->chkUseBlockMarkers->isChecked(),
           {enteredText(txtBlockMarker_[0]->text()), enteredText(txtBlockMarker_[1]->text())},
@@ -112,7 +116,7 @@ void frmExportResults::launch(const std::string& path) const {
 }
 
 void frmExportResults::storeSettings() const {
-  const ResultsLayout chosen = layout();
+  const ResultsLayout chosen = chosenLayout();
   GlobalSettings.ResultsOutputFormat = chosen.format == ResultsFormat::csv ? "CSV" : "HTML";
   GlobalSettings.ResultsOutputDirectory = outputDirectory();
   GlobalSettings.ResultsOutputFile = outputFilename();
@@ -134,7 +138,7 @@ void frmExportResults::cmdOK_Click() {
       dialogs().messageBox("Directory " + directory + " doesn't exist");
       return;
     }
-    if (!basWriteResultsFile(directory, outputFilename(), layout())) return;
+    if (!basWriteResultsFile(directory, outputFilename(), chosenLayout())) return;
     const std::string path = directory + "\\" + outputFilename();
     if (ui_->chkAutoLaunch->isChecked() && basFileExists(path)) launch(path);
     storeSettings();

@@ -37,7 +37,7 @@ class frmExportResults : public Form {
 
   std::string outputDirectory() const;
   std::string outputFilename() const;
-  ResultsLayout layout() const;
+  ResultsLayout chosenLayout() const;
   void launch(const std::string& path) const;
   void storeSettings() const;
 

@@ -62,11 +62,14 @@ class ExportDialog : public EngineTest {
   bool isEnabled(const char* name) { return control<QWidget>(name).isEnabled(); }
   bool isOpen() const { return dialog_ && dialog_->isLoaded(); }
   void expectRefused(const std::string& message) {
+    box("chkNumberBlocks").setChecked(false);
     press("cmdOK");
     EXPECT_TRUE(isOpen());
     EXPECT_THAT(dialogBoxes.messages, ElementsAre(message));
     EXPECT_THAT(desk.opened, IsEmpty());
-    EXPECT_EQ(GlobalSettings.ResultsOutputFormat, "HTML");
+    EXPECT_EQ(GlobalSettings.ResultsOutputDirectory, "C:\\out");
+    EXPECT_EQ(GlobalSettings.ResultsOutputFile, "results.html");
+    EXPECT_TRUE(GlobalSettings.ResultsNumberEachBlock);
   }
 
   QPointer<forms::frmExportResults> dialog_;
@@ -138,7 +141,7 @@ TEST_F(ExportDialog, ShowsTheSettings) {
   EXPECT_EQ(text("txtBlockMarker_1"), "+");
 }
 
-// Profiles have always carried both settings for one box.
+// The settings of the installation have always carried both for one box.
 TEST_F(ExportDialog, TheLaunchSettingDecidesTheBlockMarkersAndNotTheLaunch) {
   for (const bool launch : {true, false}) {
     GlobalSettings.ResultsBlockMarkers = !launch;
@@ -301,6 +304,38 @@ TEST_F(ExportDialog, NotLaunchingIsNotKept) {
   settle();
   open();
   EXPECT_TRUE(box("chkAutoLaunch").isChecked());
+}
+
+TEST_F(ExportDialog, AFileThatIsGoneAlreadyIsNotLaunched) {
+  disk.before = [this](const DiskCall& call) {
+    if (call.action != DiskAction::attributes || call.path != htmlPath) return;
+    disk.before = {};
+    disk.erase(htmlPath);
+  };
+  open();
+  press("cmdOK");
+  EXPECT_FALSE(isOpen());
+  EXPECT_THAT(desk.opened, IsEmpty());
+}
+
+TEST_F(ExportDialog, TheSettingsReachNoFileYet) {
+  open();
+  press("cmdOK");
+  for (const DiskCall& call : disk.calls)
+    EXPECT_THAT(call.path, testing::Not(testing::HasSubstr("Profiles")));
+}
+
+TEST_F(ExportDialog, ItsTextsHaveRoomInALargerFont) {
+  dialog_ = new forms::frmExportResults;
+  QFont larger = dialog_->font();
+  larger.setPointSize(larger.pointSize() + 5);
+  dialog_->setFont(larger);
+  dialog_->show();
+  settle();
+  for (const char* name : {"labBlockIndicatorsText", "labNumberBlocks"}) {
+    auto& label = control<QLabel>(name);
+    EXPECT_GE(label.height(), label.heightForWidth(label.width())) << name;
+  }
 }
 
 TEST_F(ExportDialog, AFileThatNoProgramOpensGoesToTheEditor) {

@@ -1,13 +1,13 @@
 #include "export/resultsFile.h"
 
 #include <new>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "core/modMain.h"
 #include "core/procedure.h"
+#include "core/text.h"
 #include "export/pageTemplate.h"
 #include "export/resultsRows.h"
 #include "platform/dialogs.h"
@@ -79,8 +79,12 @@ bool tellingFailure(const std::string& words, Steps steps) {
   return false;
 }
 
+std::string templatePath() {
+  return AppPath + "\\" + std::string(pageTemplateName);
+}
+
 bool openTemplate(TextFile& file) {
-  const std::string path = AppPath + "\\" + std::string(pageTemplateName);
+  const std::string path = templatePath();
   if (ignoringFailure([&] { file.open(path, OpenMode::input); }) == 0) return true;
   tell("Can't find template results file '" + path + "'");
   return false;
@@ -119,7 +123,10 @@ bool basWriteResultsFile(std::string_view directory, std::string_view fileName,
                          const ResultsLayout& layout) {
   TextFile output;
   const auto open = [&] {
-    output.open(std::string(directory).append("\\").append(fileName), OpenMode::output);
+    const std::string path = std::string(directory).append("\\").append(fileName);
+    // Opened for writing it would be empty before it is read.
+    if (equalIgnoringCase(path, templatePath())) fail(FailureNumber::pathFileAccess);
+    output.open(path, OpenMode::output);
     return true;
   };
   const auto write = [&] {

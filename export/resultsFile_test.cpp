@@ -5,7 +5,6 @@
 #include "core/scanState.h"
 #include "export/resultsRows.h"
 #include "platform/platform.h"
-#include "results/gridPaging.h"
 #include "results/matchGroupIndex.h"
 #include "testing/engineTest.h"
 
@@ -16,7 +15,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Lt;
-using testing::SizeIs;
 using testing::StartsWith;
 
 constexpr const char* outPath = "C:\\out\\results";
@@ -139,10 +137,27 @@ TEST_F(ResultsFileTest, ALongTemplateArrivesWhole) {
   for (int i = 0; i < 300; ++i)
     text += line + "\r\n";
   disk.file(templatePath, text + "<File_data_inserted_here>\r\n" + text);
-  show({});
-  MatchGroupTable.redim(0, false);
+  FileCount = 0;
   EXPECT_TRUE(write(ResultsFormat::html));
   EXPECT_EQ(disk.content(outPath), text + text);
+}
+
+// A scan that ends with an empty list leaves the groups of the list before.
+TEST_F(ResultsFileTest, WithoutFilesNothingIsListed) {
+  FileCount = 0;
+  EXPECT_TRUE(write(ResultsFormat::csv));
+  EXPECT_EQ(disk.content(outPath), "Marker,Block#,Name,Directory,Date,Size\r\n");
+  EXPECT_TRUE(write(ResultsFormat::html));
+  EXPECT_EQ(disk.content(outPath), "<table>\r\n</table>\r\n");
+}
+
+TEST_F(ResultsFileTest, ThePageDoesNotReplaceItsTemplate) {
+  const std::string before = disk.content(templatePath);
+  layout.format = ResultsFormat::html;
+  EXPECT_FALSE(basWriteResultsFile("c:\\Quernstoke", "Results_template.html", layout));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre("Error creating results file. Reason: Path/file access error"));
+  EXPECT_EQ(disk.content(templatePath), before);
 }
 
 TEST_F(ResultsFileTest, ALongListIsWrittenInPieces) {

@@ -4,17 +4,12 @@
 #include "core/text.h"
 #include "platform/locale.h"
 #include "platform/platform.h"
-#include "results/gridPaging.h"
 #include "results/matchGroupIndex.h"
+#include "results/resultsGrid.h"
 
 namespace quernstoke {
 
 namespace {
-
-Int32 blockKey(Int32 file) {
-  return ResultsGroup == resultsGroup::match ? FileTable.FileStatus[statusMatch][file]
-                                             : FileTable.FileDirNum[file];
-}
 
 // 1 or 2. The key decides that of the first block alone, so that neighbours always differ.
 int colourOfBlock(Int32 file, int previous) {
@@ -97,6 +92,7 @@ void writeResultsRows(const ResultsLayout& layout, const FileNaming& naming, std
                       const TextSink& write) {
   RowWriter rows(layout, naming, tail, write);
   rows.titles();
+  if (FileCount == 0) return;  // The groups are still those of an earlier list.
   for (Int32 number = 0; number <= MatchGroupTable.upperBound(); ++number)
     rows.block(number);
 }

@@ -95,11 +95,6 @@ Int32 fileAt(Int32 position) {
   return FilePointerArray.upperBound() != 0 ? FilePointerArray[position] : position;
 }
 
-Int32 blockKey(Int32 file) {
-  return ResultsGroup == resultsGroup::match ? FileTable.FileStatus[statusMatch][file]
-                                             : FileTable.FileDirNum[file];
-}
-
 // The key decides the first colour of a page alone: blocks whose neighbours were deleted would
 // otherwise share a colour.
 Colour colourOfBlock(Int32 key, std::optional<Colour> previous) {
@@ -133,6 +128,11 @@ Int32 cursorRow(std::string_view mode, Int32 position, Int32 lastWritten) {
 }
 
 }  // namespace
+
+Int32 blockKey(Int32 file) {
+  return ResultsGroup == resultsGroup::match ? FileTable.FileStatus[statusMatch][file]
+                                             : FileTable.FileDirNum[file];
+}
 
 void basBuildWholeGrid(ResultsControls& form, Int16 skipFill, Int16 keepOrder) {
   procedure("basBuildWholeGrid", [&] {
