@@ -4,41 +4,28 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <string_view>
+#include <stdexcept>
 #include <system_error>
 
 #include "console/exitStatus.h"
+#include "platform/linux/process.h"
 
 namespace quernstoke {
 
-namespace {
-
-// Nothing for a variable that is set to nothing.
-std::optional<std::string> environment(const char* name) {
-  const char* const value = std::getenv(name);
-  if (value == nullptr || *value == '\0') return std::nullopt;
-  return value;
-}
-
-}  // namespace
-
 std::string existingDirectory(const std::string& path) {
-  std::error_code error;
-  const std::filesystem::path real = std::filesystem::canonical(path, error);
-  if (!error && !std::filesystem::is_directory(real, error) && !error)
-    error = std::make_error_code(std::errc::not_a_directory);
-  if (error) throw ScanError(ExitStatus::notThere, "directory '" + path + "': " + error.message());
-  return real.native();
+  try {
+    return realDirectory(path);
+  } catch (const std::runtime_error& error) {
+    throw ScanError(ExitStatus::notThere, error.what());
+  }
 }
 
 std::string programHome(const std::optional<std::string>& chosen) {
-  if (chosen) return existingDirectory(*chosen);
-  if (const auto named = environment("QUERNSTOKE_HOME")) return existingDirectory(*named);
-  return existingDirectory(std::filesystem::read_symlink("/proc/self/exe").parent_path().native());
+  return existingDirectory(chosen ? *chosen : namedHome());
 }
 
 ScratchHome::ScratchHome(const std::optional<std::string>& chosen)
-    : path_(existingDirectory(chosen ? *chosen : environment("TMPDIR").value_or("/tmp"))) {
+    : path_(existingDirectory(chosen ? *chosen : environmentVariable("TMPDIR").value_or("/tmp"))) {
   if (!path_.ends_with('/')) path_ += '/';
   path_ += "quernstoke-scan.XXXXXX";
   if (::mkdtemp(path_.data()) == nullptr)
