@@ -455,7 +455,8 @@ TEST_F(DirectoryWalkTest, WithDetailsYieldsAtEachMultipleOf500Files) {
   EXPECT_EQ(statusWindow.labels["labElapsedTime"], "1m 5s");
 }
 
-// The walk writes this label itself, without a look at the window's state.
+// The one time that runs while the list is built is kept up, so that it is right at once when the
+// window is restored; the other figures wait for their next update.
 TEST_F(DirectoryWalkTest, WithDetailsTellsTheElapsedTimeEvenWhileMinimised) {
   empty("C:\\a\\x");
   include("C:\\a");

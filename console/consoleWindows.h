@@ -23,10 +23,9 @@ class ConsoleMainWindow final : public MainWindow {
   }
   void setCaption(std::string_view /*caption*/) override {}
   void unload() override { isLoaded_ = false; }
+  bool isLoaded() const override { return isLoaded_; }
   void basUpdateProfileObjects(std::string_view /*profileName*/) override {}
   void basUpdateStatusBar() override {}
-
-  bool isLoaded() const { return isLoaded_; }
 
  private:
   bool isLoaded_ = false;

@@ -9,8 +9,6 @@ namespace quernstoke {
 // that isn't there or is no directory.
 std::string existingDirectory(const std::string& path);
 
-std::string executableDirectory();
-
 // Where the program's files are said to lie: in the directory chosen, or what QUERNSTOKE_HOME
 // names, or the directory of the executable.
 std::string homeChosen(const std::optional<std::string>& chosen);

@@ -10,6 +10,7 @@
 #include "console/exitStatus.h"
 #include "console/homeDirectory.h"
 #include "export/pageTemplate.h"
+#include "platform/linux/process.h"
 
 namespace quernstoke {
 

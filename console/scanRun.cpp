@@ -20,6 +20,7 @@
 #include "core/scanState.h"
 #include "export/pageTemplate.h"
 #include "mainui/profileSelection.h"
+#include "platform/linux/process.h"
 #include "settings/profileStore.h"
 #include "settings/settings.h"
 
@@ -32,8 +33,7 @@ bool showsProgress(const Options& options, const StandardError& err) {
 }
 
 void startProgram(const std::string& home, const ConsolePlatform& platform) {
-  AppPath = platform.files.drives().programPath(home);
-  if (AppPath.ends_with('\\')) AppPath.pop_back();
+  AppPath = homeAsProgramPath(home, platform.files.drives());
   ExeName = "quernstoke-scan";
   Main();
   if (!platform.mainWindow.isLoaded())

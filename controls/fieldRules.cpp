@@ -2,10 +2,13 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QInputMethod>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QTabWidget>
+#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 
@@ -31,6 +34,12 @@ bool hasDefaultButton(const QWidget* form) {
                      [](const QPushButton* button) { return button->isDefault(); });
 }
 
+void showPageOf(const QWidget& form, const QWidget* field) {
+  for (QTabWidget* pages : form.findChildren<QTabWidget*>())
+    for (int index = 0; index < pages->count(); ++index)
+      if (pages->widget(index)->isAncestorOf(field)) pages->setCurrentIndex(index);
+}
+
 }  // namespace
 
 FieldRules::FieldRules(QWidget* form) : form_(form) {
@@ -41,6 +50,7 @@ FieldRules::~FieldRules() = default;
 
 void FieldRules::add(QWidget* field, Rule rule) {
   rules_[field] = std::move(rule);
+  field->setAcceptDrops(false);  // A drop changes a field that has no focus to lose.
 }
 
 bool FieldRules::ownsField(QWidget* field) const {
@@ -49,6 +59,7 @@ bool FieldRules::ownsField(QWidget* field) const {
 
 FieldRules::Verdict FieldRules::judge(QWidget* field) {
   const QScopedValueRollback guard(asking_, true);
+  QGuiApplication::inputMethod()->commit();  // What is still being composed counts, too.
   const Verdict verdict = rules_.at(field)();
   if (verdict != Verdict::stay) allowed_ = field;
   return verdict;
@@ -109,8 +120,31 @@ void FieldRules::leftBehindOurBack(QWidget* field, int reason) {
                            reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason &&
                            QApplication::activePopupWidget() == nullptr;
   if (wasAllowed || !staysInForm) return;
+  if (!field->isVisibleTo(form_)) {
+    // Its page is being turned, and can be turned back only when that is done.
+    QTimer::singleShot(0, field, [this, field] { takeBack(field); });
+    return;
+  }
   if (judge(field) == Verdict::stay) field->setFocus(Qt::OtherFocusReason);
   allowed_ = nullptr;
+}
+
+void FieldRules::takeBack(QWidget* field) {
+  if (!ownsField(field) || !form_->isVisible()) return;
+  const bool stays = judge(field) == Verdict::stay;
+  allowed_ = nullptr;
+  if (!stays) return;
+  const QScopedValueRollback guard(asking_, true);
+  showPageOf(*form_, field);
+  field->setFocus(Qt::OtherFocusReason);
+}
+
+bool FieldRules::letsGo() {
+  QWidget* const field = form_->focusWidget();
+  if (!ownsField(field) || allowed_ == field) return true;
+  const bool refused = judge(field) == Verdict::stay;
+  allowed_ = nullptr;
+  return !refused;
 }
 
 }  // namespace quernstoke

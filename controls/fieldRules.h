@@ -11,7 +11,9 @@ class QWidget;
 namespace quernstoke {
 
 // Holds the focus in a field whose content its rule refuses, whichever way the person tries to
-// leave it: by key, by a click, by the default button. A rule is asked once for each attempt.
+// leave it: by key, by a click, by the default button, by a shortcut or a screen reader that goes
+// elsewhere or turns the page. A rule is asked once for each attempt. Where the focus stays though
+// something is done, as by the shortcut of a button, whoever does it asks letsGo().
 class FieldRules : public QObject {
   Q_OBJECT
 
@@ -24,6 +26,9 @@ class FieldRules : public QObject {
   ~FieldRules() override;
 
   void add(QWidget* field, Rule rule);
+  // Whether something may be done that counts on the fields. Asks the rule of the one that has the
+  // focus, if it has not just been asked.
+  bool letsGo();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -34,6 +39,7 @@ class FieldRules : public QObject {
   bool refusesClick(QPoint position);
   bool refusesKey(int key);
   void leftBehindOurBack(QWidget* field, int reason);
+  void takeBack(QWidget* field);
 
   QWidget* form_;
   std::map<QWidget*, Rule> rules_;

@@ -88,6 +88,10 @@ void FlexGrid::gridChanged() {
   viewport()->update();
 }
 
+void FlexGrid::extentChanged() {
+  updateScrollBars();
+}
+
 std::int32_t FlexGrid::gridWidth() const {
   return twipsFromPixels(width() - 2 * frameWidth());
 }
@@ -109,6 +113,10 @@ std::int32_t FlexGrid::columnWidthFor(std::string_view text) const {
   return twipsFromPixels(pixels + 2 * gridTextMargin(*this) + 1);
 }
 
+std::string FlexGrid::gridFont() const {
+  return font().toString().toStdString();
+}
+
 // Showing.
 
 void FlexGrid::measure() {
@@ -117,7 +125,7 @@ void FlexGrid::measure() {
 }
 
 void FlexGrid::updateScrollBars() {
-  if (grid_.topRow() > grid_.lastTopRow()) return grid_.setTopRow(grid_.lastTopRow());
+  if (grid_.topRow() > grid_.lastTopRow()) grid_.setTopRow(grid_.lastTopRow());
   setVerticalScrollBarPolicy(scrollBarPolicy(grid_.scrollsVertically()));
   verticalScrollBar()->setRange(0, grid_.scrollsVertically() ? grid_.lastTopRow().raw() - 1 : 0);
   verticalScrollBar()->setPageStep(std::max(grid_.wholeRowsOnScreen().raw(), 1));
@@ -159,8 +167,8 @@ void FlexGrid::changeEvent(QEvent* event) {
 }
 
 void FlexGrid::scrollContentsBy(int /*dx*/, int dy) {
-  if (dy != 0 && grid_.topRow() != verticalScrollBar()->value() + 1)
-    grid_.setTopRow(verticalScrollBar()->value() + 1);
+  const Int32 top = std::min(Int32(verticalScrollBar()->value() + 1), grid_.lastTopRow());
+  if (dy != 0 && grid_.topRow() != top) grid_.setTopRow(top);
   viewport()->update();
 }
 

@@ -70,6 +70,7 @@ class FlexGrid : public QAbstractScrollArea, private GridScreen {
   enum class Drag { none, selection, columnEdge };
 
   void gridChanged() override;
+  void extentChanged() override;
   void showGrid(bool visible) override { setVisible(visible); }
   void enableGrid(bool enabled) override { setEnabled(enabled); }
   void focusGrid() override { setFocus(); }
@@ -78,6 +79,7 @@ class FlexGrid : public QAbstractScrollArea, private GridScreen {
   std::int32_t headerHeight() const override;
   std::int32_t rowHeight() const override;
   std::int32_t columnWidthFor(std::string_view text) const override;
+  std::string gridFont() const override;
 
   void measure();
   void updateScrollBars();

@@ -41,7 +41,7 @@ void FlexGridModel::setRows(Int32 count) {
   row_ = std::min(row_, last);
   rowSel_ = std::min(rowSel_, last);
   topRow_ = std::clamp(topRow_, Int32(1), std::max(last, Int32(1)));
-  changed();
+  extentChanged();
 }
 
 void FlexGridModel::setCols(Int32 count) {
@@ -50,7 +50,7 @@ void FlexGridModel::setCols(Int32 count) {
     if (row.cells.size() > columns_.size()) row.cells.resize(columns_.size());
   col_ = std::min(col_, count - 1);
   colSel_ = std::min(colSel_, count - 1);
-  changed();
+  extentChanged();
 }
 
 void FlexGridModel::clear() {
@@ -211,6 +211,11 @@ std::size_t FlexGridModel::colIndex(Int32 col) const {
 
 void FlexGridModel::changed() {
   if (redraw_ && screen_) screen_->gridChanged();
+}
+
+void FlexGridModel::extentChanged() {
+  if (screen_) screen_->extentChanged();
+  changed();
 }
 
 }  // namespace quernstoke

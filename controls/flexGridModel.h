@@ -43,6 +43,9 @@ class GridScreen {
   // There is something new to see. It may still be changed before control returns to the event
   // loop, so nothing is to be read yet.
   virtual void gridChanged() = 0;
+  // There are other rows or columns than before. Told even while nothing is redrawn, for a screen
+  // must not point at one that is gone.
+  virtual void extentChanged() = 0;
   virtual void showGrid(bool visible) = 0;
   virtual void enableGrid(bool enabled) = 0;
   virtual void focusGrid() = 0;
@@ -52,6 +55,7 @@ class GridScreen {
   virtual std::int32_t headerHeight() const = 0;
   virtual std::int32_t rowHeight() const = 0;
   virtual std::int32_t columnWidthFor(std::string_view text) const = 0;
+  virtual std::string gridFont() const = 0;  // As rulers take it.
 };
 
 // A grid of cells below one row of column titles, row 0, that never scrolls. Rows and columns
@@ -118,8 +122,9 @@ class FlexGridModel {
   Int32 rowPos(Int32 row) const;
   Int32 rowHeight(Int32 row) const;
   Int32 width() const { return screen_ ? screen_->gridWidth() : 0; }
+  std::string font() const { return screen_ ? screen_->gridFont() : std::string(); }
 
-  // While it is false, changes are not shown.
+  // While it is false, changes are not painted.
   bool redraw() const { return redraw_; }
   void setRedraw(bool redraw);
 
@@ -149,6 +154,7 @@ class FlexGridModel {
   std::size_t colIndex(Int32 col) const;
   void setTitle(Int32 col, std::string_view title);
   void changed();
+  void extentChanged();
 
   GridScreen* screen_ = nullptr;
   std::vector<Row> rows_;

@@ -165,9 +165,12 @@ void FlexGridPainter::paintBesideTitles() {
   widget_.style()->drawControl(QStyle::CE_HeaderEmptyArea, &option, &painter_, &widget_);
 }
 
+// A column that is fitted to its text has room for one "X" more, in which both margins must fit
+// whatever the style asks for; a pixel of it may be lost where the last letter meets the "X".
 int gridTextMargin(const QWidget& widget) {
   constexpr int space = 2;  // Numbers at the right would touch the text of the next column.
-  return widget.style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &widget) + space;
+  const int wanted = widget.style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &widget) + space;
+  return std::clamp((widget.fontMetrics().horizontalAdvance(u'X') - 1) / 2, 0, wanted);
 }
 
 int gridTitleHeight(const QWidget& widget) {

@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QImage>
 #include <QPixmap>
+#include <QProxyStyle>
 #include <QScrollBar>
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -12,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/measuringLabel.h"
 #include "controls/units.h"
 #include "testing/qt/input.h"
 
@@ -64,6 +66,55 @@ class FlexGridTest : public testing::Test {
   int titlePixels = 0;
   std::vector<std::string> log;
 };
+
+// A list that is being filled may have shrunk under a scroll bar that stood far below.
+TEST_F(FlexGridTest, RowsThatGoWhileNothingIsRedrawnTakeTheScrollBarAlong) {
+  setRows(100);
+  model.setTopRow(80);
+  model.setRedraw(false);
+  model.setRows(3);
+  EXPECT_EQ(grid.verticalScrollBar()->maximum(), 0);
+  for (const int notches : {-5, 5}) {
+    QApplication::processEvents();
+    turnWheel(view(), notches);
+  }
+  model.setRows(21);
+  EXPECT_EQ(grid.verticalScrollBar()->maximum(), 10);
+  turnWheel(view(), -50);
+  EXPECT_EQ(model.topRow(), 11);
+  picture();
+}
+
+// A style may ask for margins wider than what a fitted column has to spare.
+class WideHeaderStyle : public QProxyStyle {
+ public:
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override {
+    return metric == PM_HeaderMargin ? 12 : QProxyStyle::pixelMetric(metric, option, widget);
+  }
+};
+
+TEST_F(FlexGridTest, AFittedColumnShowsItsTextInEveryStyle) {
+  WideHeaderStyle wide;
+  MeasuringLabel ruler(&grid);
+  ruler.setFont(model.font());
+  for (QStyle* style : {QApplication::style(), static_cast<QStyle*>(&wide)}) {
+    grid.setStyle(style);
+    for (const std::string text : {"Recurse", "All files", "fi"}) {
+      const int room = pixelsFromTwips(ruler.width(text + "X")) - 2 * gridTextMargin(grid);
+      EXPECT_GE(room, grid.fontMetrics().horizontalAdvance(QString::fromStdString(text))) << text;
+    }
+  }
+}
+
+TEST_F(FlexGridTest, ARulerTakesItsFont) {
+  QFont large = grid.font();
+  large.setPointSize(large.pointSize() * 2);
+  grid.setFont(large);
+  MeasuringLabel ruler;
+  ruler.setFont(model.font());
+  EXPECT_EQ(ruler.font(), large);
+}
 
 TEST_F(FlexGridTest, AClickMakesTheCellCurrent) {
   clickMouse(view(), cellAt(3, 2));

@@ -1,11 +1,20 @@
 #include "controls/form.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPaintEvent>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+#include <QThread>
+#include <QVBoxLayout>
+#include <QValidator>
 #include <QWindow>
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -18,8 +27,44 @@ std::vector<Form*>& loadedForms() {
   return forms;
 }
 
+// Those that are still to be deleted.
+std::vector<Form*>& unloadedForms() {
+  static std::vector<Form*> forms;
+  return forms;
+}
+
 bool isMinimised(Qt::WindowStates states) {
   return states.testFlag(Qt::WindowMinimized);
+}
+
+bool isControlCharacter(QChar c) {
+  return c.category() == QChar::Other_Control;
+}
+
+// A paste can bring control characters along, which no setting holds. The field takes the rest of
+// it, and shows that.
+class OneLine : public QValidator {
+ public:
+  using QValidator::QValidator;
+
+  State validate(QString& text, int& cursor) const override {
+    const auto begin = text.cbegin();
+    cursor -= static_cast<int>(std::count_if(begin, begin + cursor, isControlCharacter));
+    text.removeIf(isControlCharacter);
+    return Acceptable;
+  }
+};
+
+// What the screen has for a window inside the frame that the desktop puts round it.
+QSize roomOnScreen(const QWidget& window) {
+  const QStyle& style = *window.style();
+  const int frame = style.pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, &window);
+  const int title = style.pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+  return window.screen()->availableGeometry().size() - QSize(2 * frame, title + frame);
+}
+
+bool fitsInto(QSize size, QSize room) {
+  return size.boundedTo(room) == size;
 }
 
 }  // namespace
@@ -33,12 +78,14 @@ Form::Form(Qt::WindowFlags flags) : QDialog(nullptr, flags) {
 
 Form::~Form() {
   std::erase(loadedForms(), this);
+  std::erase(unloadedForms(), this);
   if (isUnloaded() && loadedForms().empty()) QCoreApplication::quit();
 }
 
 void Form::deleteAll() {
-  while (!loadedForms().empty())
-    delete loadedForms().back();
+  for (std::vector<Form*>* forms : {&loadedForms(), &unloadedForms()})
+    while (!forms->empty())
+      delete forms->back();
 }
 
 void Form::load() {
@@ -48,6 +95,8 @@ void Form::load() {
   // A dialog would else let Enter in a text field press one of its buttons.
   for (QPushButton* button : findChildren<QPushButton*>())
     button->setAutoDefault(false);
+  for (QLineEdit* field : findChildren<QLineEdit*>())
+    if (field->validator() == nullptr) field->setValidator(new OneLine(field));
   Form_Load();
 }
 
@@ -70,8 +119,34 @@ void Form::showModal() {
 
 void Form::prepareShow() {
   if (isVisible()) return;
+  fitToScreen();
   firstActivation_ = true;
   owe(activated);
+}
+
+void Form::fitToScreen() {
+  ensurePolished();
+  const QSize room = roomOnScreen(*this);
+  if (layout() != nullptr && !fitsInto(layout()->totalMinimumSize(), room)) letControlsScroll();
+  if (testAttribute(Qt::WA_Resized) && !fitsInto(size(), room)) resize(size().boundedTo(room));
+}
+
+void Form::letControlsScroll() {
+  const QPointer<QWidget> focused = focusWidget();
+  auto* const area = new QScrollArea(this);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidgetResizable(true);
+  ground_ = new QWidget;
+  area->setWidget(ground_);
+  ground_->setLayout(layout());  // Which takes the controls along.
+  auto* const frame = new QVBoxLayout(this);
+  frame->setContentsMargins({});
+  frame->addWidget(area);
+  // Moves over the ground are still moves over the form.
+  for (QWidget* widget : {static_cast<QWidget*>(area), area->viewport(), ground_})
+    widget->setMouseTracking(hasMouseTracking());
+  if (focused) focused->setFocus();
 }
 
 void Form::centreOver(const QWidget& owner) {
@@ -93,7 +168,18 @@ void Form::unloadFor(UnloadCause cause) {
   phase_ = Phase::unloaded;
   std::erase(loadedForms(), this);
   hide();
-  deleteLater();
+  deleteWhenIdle();
+}
+
+// Not with deleteLater() alone: where a handler of this form yields, the loop would delete it as
+// soon as the handler that came in meanwhile, and has unloaded it, has returned.
+void Form::deleteWhenIdle() {
+  unloadedForms().push_back(this);
+  if (thread()->loopLevel() == 0) return deleteLater();
+  connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+          [this] {
+            if (thread()->loopLevel() == 1) delete this;
+          });
 }
 
 void Form::refresh() {
@@ -174,8 +260,9 @@ void Form::keyPressEvent(QKeyEvent* event) {
 }
 
 void Form::pressDefaultButton() {
-  auto* button = qobject_cast<QPushButton*>(focusWidget());
-  if (!button) {
+  auto* button = qobject_cast<QAbstractButton*>(focusWidget());
+  if (!button || button->isCheckable()) {
+    button = nullptr;
     for (QPushButton* candidate : findChildren<QPushButton*>())
       if (candidate->isDefault()) button = candidate;
   }

@@ -22,14 +22,17 @@ enum class ShownState : std::int16_t { normal = 0, minimised = 1, maximised = 2 
 //    the active one, Form_Resize when its size changes or it is minimised or restored, Form_Paint
 //    when ground of the form itself was painted, not a control alone.
 // 3. Unloading asks Form_QueryUnload, runs Form_Unload while the form can still be seen, and hides
-//    it. The object is done with, but it is deleted only when control has returned to the event
-//    loop from all handlers in which unload() was called.
+//    it. The object is done with, but it is deleted only when control has returned to the outermost
+//    event loop, from all handlers.
 //
 // A form belongs to itself and must be made with new. When the last one that is loaded is gone, the
 // event loop ends.
 //
-// Enter presses the button that has the focus, else the default button; Escape presses the cancel
-// button, if there is one. The close box unloads.
+// Enter presses the button that has the focus, unless that is a box or an option, else the default
+// button; Escape presses the cancel button, if there is one. The close box unloads.
+//
+// A form is shown no larger than the screen. Where its layout needs more room, the controls scroll.
+// Its fields of one line take no control characters.
 class Form : public QDialog {
   Q_OBJECT
 
@@ -48,8 +51,10 @@ class Form : public QDialog {
   ShownState shownState() const;
   void setShownState(ShownState state);
   void setCancelButton(QPushButton& button);
+  // What the controls of the layout lie on: the form itself, or what scrolls in it.
+  const QWidget* ground() const { return ground_; }
 
-  // Deletes the forms that are loaded, at the end of the program; no handler runs.
+  // Deletes all forms that were loaded, at the end of the program; no handler runs.
   static void deleteAll();
 
  protected:
@@ -74,7 +79,10 @@ class Form : public QDialog {
   enum Handler : unsigned { resized = 1, activated = 2, painted = 4 };
 
   void prepareShow();
+  void fitToScreen();
+  void letControlsScroll();
   void unloadFor(UnloadCause cause);
+  void deleteWhenIdle();
   void owe(Handler handler);
   bool takeOwed(Handler handler);
   void runOwed();
@@ -82,6 +90,7 @@ class Form : public QDialog {
   void pressDefaultButton();
 
   Phase phase_ = Phase::made;
+  QWidget* ground_ = this;
   unsigned owed_ = 0;  // The handlers that are to run from the event loop.
   QTimer afterEvents_;
   bool firstActivation_ = false;  // The window has yet to become active since it was shown.

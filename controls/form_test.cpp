@@ -1,11 +1,16 @@
 #include "controls/form.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QEventLoop>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
 #include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <functional>
 #include <gmock/gmock.h>
@@ -244,6 +249,21 @@ TEST_F(FormTest, AFormLivesUntilItsHandlerHasReturned) {
   EXPECT_THAT(handlers, ElementsAre("unload?", "unload", "yielded", "delete"));
 }
 
+// A button that yields may be waiting for another one that unloads the form.
+TEST_F(FormTest, AFormLivesUntilAHandlerHasReturnedThatYieldedToItsUnloading) {
+  NotingForm& form = shownForm();
+  form.onClick = [&form](const char*) {
+    later([&form] { form.unload(); });
+    for (int yield = 0; yield < 3; ++yield)
+      QApplication::processEvents();
+    NotingForm::note("yielded");
+    form.label.setText("still there");
+  };
+  later([&form] { form.ok.click(); });
+  settle();
+  EXPECT_THAT(handlers, ElementsAre("unload?", "unload", "yielded", "delete"));
+}
+
 TEST_F(FormTest, AFormLivesWhileItsHandlerShowsAnotherModally) {
   NotingForm& form = shownForm();
   form.onClick = [&form](const char*) {
@@ -328,6 +348,32 @@ TEST_F(FormTest, EnterPressesTheButtonWithTheFocusFirst) {
   EXPECT_THAT(handlers, ElementsAre("cancel"));
 }
 
+TEST_F(FormTest, EnterPressesAToolButtonThatHasTheFocus) {
+  NotingForm& form = shownForm();
+  QToolButton browse(&form);
+  QObject::connect(&browse, &QToolButton::clicked, [] { NotingForm::note("browse"); });
+  browse.setFocusPolicy(Qt::StrongFocus);
+  browse.show();
+  browse.setFocus();
+  typeKey(browse, Qt::Key_Return);
+  EXPECT_THAT(handlers, ElementsAre("browse"));
+}
+
+TEST_F(FormTest, EnterOnABoxOrAnOptionPressesTheDefaultButton) {
+  NotingForm& form = shownForm();
+  QCheckBox box(&form);
+  QRadioButton option(&form);
+  for (QAbstractButton* each :
+       {static_cast<QAbstractButton*>(&box), static_cast<QAbstractButton*>(&option)}) {
+    handlers.clear();
+    each->show();
+    each->setFocus();
+    typeKey(*each, Qt::Key_Return);
+    EXPECT_FALSE(each->isChecked());
+    EXPECT_THAT(handlers, ElementsAre("ok"));
+  }
+}
+
 TEST_F(FormTest, WithoutADefaultButtonEnterPressesNone) {
   auto* form = new NotingForm;
   form->ok.setDefault(false);
@@ -347,6 +393,67 @@ TEST_F(FormTest, EscapePressesTheCancelButtonAndElseDoesNothing) {
   plain->show();
   typeKey(*plain, Qt::Key_Escape);
   EXPECT_TRUE(plain->isVisible());
+}
+
+// A form with a field above and a button below a space of this size.
+class LargeForm : public Form {
+ public:
+  explicit LargeForm(QSize space) {
+    auto* const layout = new QVBoxLayout(this);
+    auto* const between = new QWidget;
+    between->setMinimumSize(space);
+    layout->addWidget(&field);
+    layout->addWidget(between);
+    layout->addWidget(&button);
+    resize(space + QSize(0, 200));
+    setMouseTracking(true);
+    field.setFocus();
+  }
+  QLineEdit field;
+  QPushButton button{"OK"};
+};
+
+class FormOnSmallScreenTest : public FormTest {
+ protected:
+  static QSize screenSize() { return QGuiApplication::primaryScreen()->availableSize(); }
+  // In the window, where a person could see and click it.
+  static bool isReachable(const QWidget& widget) {
+    return widget.visibleRegion().boundingRect() == widget.rect();
+  }
+};
+
+TEST_F(FormOnSmallScreenTest, AFormThatCannotBeSmallerScrolls) {
+  auto* const form = new LargeForm(screenSize() * 2);
+  form->show();
+  settle();
+  EXPECT_LT(form->width(), screenSize().width());
+  EXPECT_LT(form->height(), screenSize().height());
+  EXPECT_EQ(form->focusWidget(), &form->field);
+  EXPECT_FALSE(isReachable(form->button));
+  typeKey(form->field, Qt::Key_Tab);
+  EXPECT_EQ(form->focusWidget(), &form->button);
+  settle();
+  EXPECT_FALSE(form->button.visibleRegion().isEmpty());
+  EXPECT_NE(form->ground(), form);
+}
+
+TEST_F(FormOnSmallScreenTest, AFormThatCanBeSmallerIs) {
+  auto* const form = new LargeForm(QSize(100, screenSize().height() - 150));
+  form->show();
+  settle();
+  EXPECT_LT(form->height(), screenSize().height());
+  EXPECT_EQ(form->ground(), form);
+  EXPECT_TRUE(isReachable(form->button));
+}
+
+// Otherwise a part of what the person reads would not be what is taken.
+TEST_F(FormTest, AFieldTakesNoControlCharactersOfAPaste) {
+  NotingForm& form = shownForm();
+  form.field.setText("12");
+  form.field.setCursorPosition(1);
+  form.field.insert("a\nb\t");
+  EXPECT_EQ(form.field.text(), "1ab2");
+  EXPECT_EQ(form.field.cursorPosition(), 3);
 }
 
 class FormInstanceTest : public FormTest {

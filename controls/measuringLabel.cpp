@@ -15,6 +15,11 @@ std::int32_t MeasuringLabel::width(std::string_view text) const {
   return twipsFromPixels(QFontMetrics(font()).horizontalAdvance(qtText(text)));
 }
 
+void MeasuringLabel::setFont(std::string_view font) {
+  QFont named;
+  if (named.fromString(qtText(font))) setFont(named);
+}
+
 void MeasuringLabel::setBold(bool bold) {
   QFont changed = font();
   changed.setBold(bold);

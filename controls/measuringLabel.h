@@ -16,8 +16,10 @@ class MeasuringLabel : public QLabel, public BoldRuler {
  public:
   explicit MeasuringLabel(QWidget* parent = nullptr);
 
+  using QLabel::setFont;
   using QLabel::width;
   std::int32_t width(std::string_view text) const override;
+  void setFont(std::string_view font) override;
   void setBold(bool bold) override;
 };
 

@@ -17,6 +17,9 @@ namespace {
 
 constexpr int margin = 4;  // At both sides of a panel's text.
 
+// In characters. A name that somebody has chosen must not push the other panels out of the bar.
+constexpr int longestText = 40;
+
 }  // namespace
 
 PanelStatusBar::PanelStatusBar(QWidget* parent) : QStatusBar(parent) {
@@ -61,13 +64,17 @@ void PanelStatusBar::setPanelMinWidth(int number, int pixels) {
   arrange();
 }
 
+int PanelStatusBar::widthFor(std::string_view text) const {
+  const int longest = longestText * fontMetrics().averageCharWidth();
+  return std::min(fontMetrics().horizontalAdvance(qtText(text)), longest) + 2 * margin;
+}
+
 void PanelStatusBar::arrange() {
   QStringList texts;
   int left = 0;
   for (StatusPanel& panel : panels_) {
     panel.left = panel.visible ? left : -1;
-    const int textWidth = fontMetrics().horizontalAdvance(qtText(panel.text));
-    panel.width = panel.visible ? std::max(textWidth + 2 * margin, panel.minWidth) : 0;
+    panel.width = panel.visible ? std::max(widthFor(panel.text), panel.minWidth) : 0;
     left += panel.width;
     if (panel.visible && !panel.text.empty()) texts.append(qtText(panel.text));
   }
@@ -102,8 +109,9 @@ void PanelStatusBar::paintEvent(QPaintEvent* /*event*/) {
       painter.drawLine(rect.center().x(), margin, rect.center().x(), height() - margin);
     } else if (panel.visible) {
       painter.setPen(palette().color(QPalette::WindowText));
-      painter.drawText(rect.adjusted(margin, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                       qtText(panel.text));
+      const QRect inner = rect.adjusted(margin, 0, -margin, 0);
+      painter.drawText(inner, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                       fontMetrics().elidedText(qtText(panel.text), Qt::ElideRight, inner.width()));
     }
   }
 }

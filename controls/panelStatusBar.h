@@ -17,9 +17,9 @@ struct StatusPanel {
   int width = 0;
 };
 
-// A status bar of panels, side by side, each as wide as its text; they count from 1. A panel
-// without text separates its neighbours. A panel that isn't there fails with a subscript out of
-// range.
+// A status bar of panels, side by side, each as wide as its text, of which a long one ends in
+// "..."; they count from 1. A panel without text separates its neighbours. A panel that isn't there
+// fails with a subscript out of range.
 class PanelStatusBar : public QStatusBar {
   Q_OBJECT
 
@@ -34,6 +34,7 @@ class PanelStatusBar : public QStatusBar {
   void setPanelTag(int number, std::string_view tag);
   void setPanelVisible(int number, bool visible);
   void setPanelMinWidth(int number, int pixels);
+  int widthFor(std::string_view text) const;  // Of a panel that shows it.
 
   QSize minimumSizeHint() const override;
 

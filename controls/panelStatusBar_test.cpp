@@ -25,6 +25,17 @@ class PanelStatusBarTest : public testing::Test {
   PanelStatusBar bar;
 };
 
+int inkIn(PanelStatusBar& bar, const StatusPanel& panel) {
+  QImage image(bar.size(), QImage::Format_RGB32);
+  bar.render(&image);
+  const QColor ground = image.pixelColor(bar.width() / 2, bar.height() / 2);
+  int count = 0;
+  for (int y = 2; y < bar.height() - 2; ++y)
+    for (int x = panel.left; x < panel.left + panel.width; ++x)
+      if (image.pixelColor(x, y) != ground) ++count;
+  return count;
+}
+
 TEST_F(PanelStatusBarTest, PanelsLieSideBySideAsWideAsTheirTexts) {
   EXPECT_EQ(bar.panel(1).left, 0);
   for (int number = 2; number <= 5; ++number)
@@ -42,6 +53,20 @@ TEST_F(PanelStatusBarTest, ALongerTextMovesThePanelsBehindIt) {
   EXPECT_EQ(bar.panel(3).text, "Files: 12345678");
   EXPECT_GT(bar.panel(5).left, before);
   EXPECT_EQ(bar.panel(1).left, 0);
+}
+
+TEST_F(PanelStatusBarTest, ALongTextLeavesRoomForThePanelsBehindIt) {
+  bar.setPanelText(1, "Profile: " + std::string(300, 'x'));
+  EXPECT_LT(bar.panel(5).left + bar.panel(5).width, bar.width());
+  EXPECT_EQ(bar.panel(1).width, bar.widthFor(std::string(10000, 'x')));
+  EXPECT_TRUE(bar.accessibleName().contains(QString(300, u'x')));
+}
+
+TEST_F(PanelStatusBarTest, ALongTextStaysInItsPanel) {
+  bar.setPanelText(3, "");
+  bar.setPanelText(5, "");
+  bar.setPanelText(1, std::string(300, 'x'));
+  EXPECT_EQ(inkIn(bar, bar.panel(3)), 0);
 }
 
 TEST_F(PanelStatusBarTest, AHiddenPanelTakesNoRoom) {
@@ -88,17 +113,6 @@ TEST_F(PanelStatusBarTest, SaysAllItsTexts) {
   EXPECT_EQ(bar.accessibleName(), "Profile: Music, Files: 12, State: Paused");
   bar.setPanelVisible(3, false);
   EXPECT_EQ(bar.accessibleName(), "Profile: Music, State: Paused");
-}
-
-int inkIn(PanelStatusBar& bar, const StatusPanel& panel) {
-  QImage image(bar.size(), QImage::Format_RGB32);
-  bar.render(&image);
-  const QColor ground = image.pixelColor(bar.width() / 2, bar.height() / 2);
-  int count = 0;
-  for (int y = 2; y < bar.height() - 2; ++y)
-    for (int x = panel.left; x < panel.left + panel.width; ++x)
-      if (image.pixelColor(x, y) != ground) ++count;
-  return count;
 }
 
 TEST_F(PanelStatusBarTest, ALineIsDrawnOnlyBetweenTexts) {

@@ -1,7 +1,7 @@
 #include "controls/wheelGuard.h"
 
-#include <QComboBox>
 #include <QEvent>
+#include <QWidget>
 
 namespace quernstoke {
 
@@ -9,23 +9,23 @@ namespace {
 
 class WheelGuard : public QObject {
  public:
-  explicit WheelGuard(QComboBox& list) : QObject(&list), list_(list) {}
+  explicit WheelGuard(QWidget& control) : QObject(&control), control_(control) {}
 
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() != QEvent::Wheel || list_.hasFocus()) return false;
+    if (event->type() != QEvent::Wheel || control_.hasFocus()) return false;
     event->ignore();
     return true;
   }
 
  private:
-  QComboBox& list_;
+  QWidget& control_;
 };
 
 }  // namespace
 
-void guardFromWheel(QComboBox& list) {
-  list.setFocusPolicy(Qt::StrongFocus);  // Not by the wheel.
-  list.installEventFilter(new WheelGuard(list));
+void guardFromWheel(QWidget& control) {
+  control.setFocusPolicy(Qt::StrongFocus);  // Not by the wheel.
+  control.installEventFilter(new WheelGuard(control));
 }
 
 }  // namespace quernstoke

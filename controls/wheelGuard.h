@@ -1,11 +1,11 @@
 #pragma once
 
-class QComboBox;
+class QWidget;
 
 namespace quernstoke {
 
-// A list that has no focus leaves the wheel to what is behind it: who scrolls past it changes
-// nothing by accident.
-void guardFromWheel(QComboBox& list);
+// A list or a row of tabs that has no focus leaves the wheel to what is behind it: who scrolls past
+// it changes nothing by accident.
+void guardFromWheel(QWidget& control);
 
 }  // namespace quernstoke

@@ -31,6 +31,23 @@ void takeSign(std::string_view& text) {
   if (text.starts_with('+') || text.starts_with('-')) text.remove_prefix(1);
 }
 
+// The power of ten of a number's first digit that is not 0.
+std::int64_t magnitude(std::string_view number) {
+  const std::size_t end = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view digits = number.substr(0, end);
+  const std::size_t point = std::min(digits.find('.'), digits.size());
+  const auto behindFirst = static_cast<std::int64_t>(point) -
+                           static_cast<std::int64_t>(digits.find_first_of("123456789"));
+  std::string_view power = number.substr(std::min(end + 1, number.size()));
+  if (power.starts_with('+')) power.remove_prefix(1);
+  std::int32_t exponent = 0;
+  if (std::from_chars(power.data(), power.data() + power.size(), exponent).ec ==
+      std::errc::result_out_of_range)
+    exponent = power.starts_with('-') ? std::numeric_limits<std::int32_t>::min()
+                                      : std::numeric_limits<std::int32_t>::max();
+  return exponent + behindFirst;
+}
+
 bool isAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
 }
@@ -65,9 +82,7 @@ Int32 toNumber(std::string_view text) {
   double number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   // A number too near to 0 for a double is 0 for our purposes; the other error is one too large.
-  if (error != std::errc() && text.find("e-") == std::string_view::npos &&
-      text.find("E-") == std::string_view::npos)
-    fail(FailureNumber::overflow);
+  if (error != std::errc() && magnitude(text) > 0) fail(FailureNumber::overflow);
   const double whole = std::nearbyint(number);  // To nearest, ties to even.
   if (whole < std::numeric_limits<std::int32_t>::min() ||
       whole > std::numeric_limits<std::int32_t>::max())

@@ -51,6 +51,21 @@ TEST_F(TextTest, WhatIsNoNumberOrDoesNotFitFails) {
   EXPECT_EQ(numberFailure("1e999"), 6);
 }
 
+// Whether a number is too large or too near to 0 is told by its digits as well as its exponent.
+TEST_F(TextTest, NumbersThatNoDoubleHoldsAreTooLargeOrNothing) {
+  const std::string nines(400, '9'), zeros(400, '0');
+  EXPECT_EQ(numberFailure(nines), 6);
+  EXPECT_EQ(numberFailure(nines + "e-5"), 6);
+  EXPECT_EQ(numberFailure("-" + nines + "E-5"), 6);
+  EXPECT_EQ(numberFailure("0." + zeros + "1e999"), 6);
+  EXPECT_EQ(numberFailure("1e99999999999"), 6);
+  EXPECT_EQ(toNumber("0." + zeros + "1"), 0);
+  EXPECT_EQ(toNumber("-." + zeros + "1e+5"), 0);
+  EXPECT_EQ(toNumber(nines + "e-999"), 0);
+  EXPECT_EQ(toNumber("1e-99999999999"), 0);
+  EXPECT_EQ(toNumber("0e99999999999"), 0);
+}
+
 TEST_F(TextTest, TruthIsAWordOrANumber) {
   EXPECT_TRUE(toBoolean("True"));
   EXPECT_TRUE(toBoolean("TRUE"));

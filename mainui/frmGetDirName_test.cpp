@@ -357,6 +357,25 @@ TEST_F(DirectoryDialog, EitherHalfOpensThePair) {
   }
 }
 
+// A list may come from an earlier version or a person's hand.
+TEST_F(DirectoryDialog, AnUpperHalfMakesTheNextSlotItsLowerHalfAtOnce) {
+  setDirectory(1, "C:\\Photos", "1");
+  setDirectory(2, "C:\\Music", "I");
+  open(1);
+  EXPECT_EQ(directory(1).text(), "C:\\Music");
+  press("cmdCancel");
+  EXPECT_THAT(slot(1), isSlot("C:\\Photos", "1", "*.*", "recurse"));
+  EXPECT_THAT(slot(2), isSlot("C:\\Music", "2", "*.*", "recurse"));
+}
+
+TEST_F(DirectoryDialog, OkLeavesTheNumberOfTheSlotAsItWas) {
+  setDirectory(2, "C:\\Photos", "I");
+  open(2);
+  press("cmdOK");
+  EXPECT_FALSE(isOpen());
+  EXPECT_EQ(DialogValue, 2);
+}
+
 TEST_F(DirectoryDialog, ASlotOfNoKindSelectsNoOption) {
   setDirectory(1, "C:\\Photos", "x");
   open(1);
@@ -383,6 +402,16 @@ TEST_F(DirectoryDialog, TypedPatternsOfAFileTypeAreThatType) {
   type(types(), "*.avi;*.wmv;*.mpg;*.mpeg;*.mov");
   press("cmdOK");
   EXPECT_EQ(ProfileDirList[1].IncludeExtensions, "3");
+}
+
+// The item is taken by the number of the row, though a row without a name has no item.
+TEST_F(DirectoryDialog, BehindAGapTypedPatternsAreTheNextFileType) {
+  FileTypeTable.FileTypeDescription[2].clear();
+  add();
+  type(directory(0), "C:\\Photos");
+  type(types(), QString::fromStdString(FileTypeTable.FileTypesList[3]));
+  press("cmdOK");
+  EXPECT_EQ(ProfileDirList[1].IncludeExtensions, "4");
 }
 
 // Rows without a list are equal to nothing typed, and lie beyond the offered ones.
@@ -454,6 +483,47 @@ TEST_F(DirectoryDialog, EditingTheFileTypesWithoutAChoiceSelectsTheFirst) {
   };
   press("cmdEditTypes");
   EXPECT_EQ(types().currentText(), "All files");
+}
+
+TEST_F(DirectoryDialog, AFileTypeThatIsGoneSelectsNone) {
+  add();
+  modalForms.frmAddFileType = [] { DialogValue = 42; };
+  press("cmdEditTypes");
+  EXPECT_EQ(types().currentIndex(), -1);
+  EXPECT_EQ(types().currentText(), "");
+}
+
+TEST_F(DirectoryDialog, FailuresAreReportedByTheNamesOfTheirHandlers) {
+  const auto expectReport = [this](const std::string& name,
+                                   const std::string& reason = "Subscript out of range(9)") {
+    EXPECT_THAT(dialogBoxes.messages,
+                ElementsAre("Procedure error in '" + name + "'.  Reason: " + reason + "."));
+    dialogBoxes.messages.clear();
+  };
+  open(lastDirSlot + 1);
+  expectReport("Form_Load");
+  press("cmdCancel");
+  settle();
+
+  setDirectory(1, "C:\\Photos", "I", true, "99999999999");
+  open(1);
+  expectReport("basUpdateControls", "Overflow(6)");
+  press("cmdCancel");
+  settle();
+
+  setDirectory(lastDirSlot, "C:\\Photos", "1");
+  open(lastDirSlot);
+  expectReport("optIncludeExclude_Click");
+  press("cmdCancel");
+  settle();
+
+  add();
+  const auto failing = [] { fail(FailureNumber::subscriptOutOfRange); };
+  modalForms.frmDirTree = modalForms.frmAddFileType = failing;
+  press("cmdBrowse_0");
+  expectReport("cmdBrowse_Click");
+  press("cmdEditTypes");
+  expectReport("cmdEditTypes_Click");
 }
 
 // A record of settings ends at a control character.

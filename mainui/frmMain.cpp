@@ -33,9 +33,9 @@ frmMain::frmMain()
     : ui_(std::make_unique<Ui::frmMain>()), rules_(std::make_unique<FieldRules>(this)) {
   ui_->setupUi(this);
   labSizer_ = new MeasuringLabel(this);
+  labSizer_->setObjectName("labSizer");
   ui_->sbarStatus->setPanelCount(statusPanelCount);
   ui_->fraStartMode->setVisible(false);
-  ui_->tabMain->tabBar()->setFocusPolicy(Qt::StrongFocus);
   // Its tabs, not the pages: with these in its own chain the focus would go round for ever.
   setTabOrder(ui_->cmdEditFileTypes, ui_->tabMain->tabBar());
   ui_->cboProfile->setFocus();
@@ -49,6 +49,8 @@ frmMain::frmMain()
   addFieldRules();
   for (QComboBox* list : findChildren<QComboBox*>())
     guardFromWheel(*list);
+  guardFromWheel(*ui_->tabMain->tabBar());
+  makeRoomForNumbers();
   watchPointer();
 }
 
@@ -74,9 +76,9 @@ void frmMain::Form_Load() {
     ui_->tabMain->setCurrentIndex(0);
     QtFrame(ui_->fraHelp).setTag("");
     if (!ProfileName.empty()) {
-      profileTag_ = "IGNORE";
-      selectProfile(ui_->cboProfile->findText(qtText(ProfileName)));
-      profileTag_.clear();  // A profile that isn't in the list has selected nothing.
+      setTag(*ui_->cboProfile, ignoreTag);
+      selectProfile(positionOfProfile());
+      takeIgnoreTag(*ui_->cboProfile);  // A profile that isn't in the list has selected nothing.
       // The name is no kind of settings file, unless the profile has one of their names.
       basLoadProfile(ProfileName);
       bool ok = false;
@@ -93,12 +95,16 @@ void frmMain::Form_Load() {
 void frmMain::connectControls() {
   // A selection by the program is told by selectProfile.
   connect(ui_->cboProfile, &QComboBox::activated, this, &frmMain::cboProfile_Click);
-  const auto onClick = [this](QAbstractButton* button, auto handler) {
-    connect(button, &QAbstractButton::clicked, this, handler);
+  // Also one that has moved no focus, by a shortcut or a screen reader, must leave the fields
+  // right.
+  const auto onClick = [this](QAbstractButton* button, void (frmMain::*handler)()) {
+    connect(button, &QAbstractButton::clicked, this, [this, handler] {
+      if (rules_->letsGo()) (this->*handler)();
+    });
   };
   onClick(ui_->cmdViewPreviousResults, &frmMain::cmdViewPreviousResults_Click);
   onClick(ui_->cmdDeleteProfile, &frmMain::cmdDeleteProfile_Click);
-  onClick(ui_->cmdAddList, [this] { cmdAddList_Click(); });
+  onClick(ui_->cmdAddList, &frmMain::cmdAddList_Click);
   onClick(ui_->cmdEditList, &frmMain::cmdEditList_Click);
   onClick(ui_->cmdDelList, &frmMain::cmdDelList_Click);
   onClick(ui_->cmdStart, &frmMain::cmdStart_Click);
@@ -120,6 +126,24 @@ void frmMain::preparePictures() {
   ui_->cmdViewPreviousResults->setIcon(picture("PreviousResults"));
   ui_->cmdDeleteProfile->setIcon(picture("DeleteProfile"));
   prepareDirectoryGrid();
+}
+
+// Each field of a number has room for the longest one that it is meant for.
+void frmMain::makeRoomForNumbers() {
+  constexpr int anySize = 11;  // With a sign.
+  for (const auto& [field, digits] :
+       std::initializer_list<std::pair<QLineEdit*, int>>{{ui_->txtContentMatchingPercent, 5},
+                                                         {ui_->txtMinimumSize, anySize},
+                                                         {ui_->txtMaximumSize, anySize},
+                                                         {ui_->txtMaxDiskSpace, anySize},
+                                                         {ui_->txtNumberOfFileBuffers, 8},
+                                                         {ui_->txtFileBufferSize, 8}}) {
+    field->ensurePolished();
+    const QFontMetrics metrics = field->fontMetrics();
+    // What a field asks for is room for 17 letters and its frame.
+    const int frame = field->sizeHint().width() - 17 * metrics.horizontalAdvance(u'x');
+    field->setFixedWidth(metrics.horizontalAdvance(QString(digits, u'0')) + frame);
+  }
 }
 
 // In the unit that pictures are measured in.

@@ -51,6 +51,7 @@ class frmMain : public Form {
   void basUpdateProfileCombo();
   void cboProfile_Click();
   void createProfile();
+  int positionOfProfile() const;
   void selectProfile(int position);
   void selectProfilesOfThisName();
   void cmdDeleteProfile_Click();
@@ -96,6 +97,7 @@ class frmMain : public Form {
 
   void connectControls();
   void preparePictures();
+  void makeRoomForNumbers();
   Int32 pictureWidth() const;
   FlexGridModel& gridList() const;
   Int32 tickedOptions() const;
@@ -107,7 +109,7 @@ class frmMain : public Form {
   std::array<QRadioButton*, 2> optStartModes_;
   std::unique_ptr<FieldRules> rules_;
   MeasuringLabel* labSizer_;
-  std::string profileTag_;  // "IGNORE": the next click of cboProfile does nothing.
+  Int32 fittedWidth_ = 0;  // That of the grid when its columns were fitted.
   bool pendingAutoStart_ = false;
 };
 

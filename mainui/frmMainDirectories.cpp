@@ -100,11 +100,18 @@ void frmMain::addDirectoryRow(Int32 slot) {
 
 void frmMain::fitColumns() {
   basAutoSetGridWidth(gridList(), directoryColumn, *labSizer_, Int16(pictureWidth() + 100));
+  fittedWidth_ = gridList().width();
 }
 
-// At its first showing, too: only then does the grid have its size.
+// At its first showing, too: only then does the grid have its size. The current cell stays.
 void frmMain::Form_Resize() {
+  FlexGridModel& grid = gridList();
+  if (grid.width() == fittedWidth_) return;
+  const Int32 colBefore = grid.col();
+  const Int32 colSelBefore = grid.colSel();
   fitColumns();
+  grid.setCol(colBefore);
+  grid.setColSel(colSelBefore);
 }
 
 void frmMain::restoreSelectedRow(Int32 rowBefore) {

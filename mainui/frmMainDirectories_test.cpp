@@ -1,6 +1,9 @@
+#include <QScrollBar>
+
 #include "mainui/frmMainTest.h"
 #include "mainui/quickHelp.h"
 #include "pictures/pictures.h"
+#include "testing/qt/input.h"
 
 namespace quernstoke {
 namespace {
@@ -121,6 +124,49 @@ TEST_F(MainWindowDirectories, AFileTypeThatIsNotThereEndsTheListInItsMiddle) {
               ElementsAre(procedureError("basUpdateDirGrid", "Subscript out of range(9)")));
   EXPECT_EQ(grid().rows(), 3);
   EXPECT_FALSE(grid().redraw());
+  // A picture's width and 20, its own units taken for those of the grid.
+  EXPECT_EQ(grid().colWidth(0), Int32(pictureSize("SmallPlus").width() * 2540 / 96 + 20));
+}
+
+// Rows that are gone can't be scrolled to.
+TEST_F(MainWindowDirectories, AListThatEndedInItsMiddleIsScrolledWithoutHarm) {
+  openKinds(std::string(20, 'I'));
+  view().verticalScrollBar()->setValue(view().verticalScrollBar()->maximum());
+  modalForms.frmGetDirName = [] { ProfileDirList[2].IncludeExtensions = "264"; };
+  clickRow(15);
+  click(button("cmdEditList"));
+  EXPECT_EQ(dialogBoxes.messages.size(), 1U);
+  for (const int notches : {-9, 9, -1})
+    turnWheel(*view().viewport(), notches);
+  goToRow(3);
+  settle();
+  EXPECT_EQ(grid().rows(), 3);
+  EXPECT_EQ(grid().topRow(), 1);
+}
+
+TEST_F(MainWindowDirectories, AWiderWindowGivesItsRoomToTheDirectories) {
+  openKinds("III");
+  goToRow(2);
+  grid().setCol(3);
+  const Int32 before = grid().colWidth(1);
+  const Int32 widthBefore = grid().width();
+  form().resize(form().width() + 120, form().height());
+  settle();
+  EXPECT_GT(grid().width(), widthBefore);
+  EXPECT_EQ(grid().colWidth(1) - before, grid().width() - widthBefore);
+  EXPECT_THAT(marked(), ElementsAre(2, 2, 3, 3));
+}
+
+// As when the window is minimised and comes back.
+TEST_F(MainWindowDirectories, AWidthThatWasDraggedStaysUntilTheGridIsWider) {
+  openKinds("I");
+  grid().setColWidth(2, 3000);
+  form().setShownState(ShownState::minimised);
+  settle();
+  form().setShownState(ShownState::normal);
+  form().resize(form().width(), form().height() + 20);
+  settle();
+  EXPECT_EQ(grid().colWidth(2), 3000);
 }
 
 TEST_F(MainWindowDirectories, ColumnsFitTheirTextAndTheDirectoryGetsTheRest) {

@@ -1,4 +1,5 @@
 #include <QRadioButton>
+#include <utility>
 
 #include "catalogue/fileTable.h"
 #include "catalogue/snapshots.h"
@@ -15,6 +16,13 @@ using testing::Not;
 
 constexpr const char* noSpace =
     "You do not have enough disk space to store files locally. Disable option?";
+
+// Results that can't be shown.
+class BrokenResults : public ResultsWindow {
+ public:
+  void show() override { fail(FailureNumber::permissionDenied); }
+  void unload() override { fail(FailureNumber::permissionDenied); }
+};
 
 class MainWindowExit : public MainWindowTest {
  protected:
@@ -96,6 +104,7 @@ TEST_F(MainWindowStart, AMarkedCaptionIsStillUnderstood) {
 // A state that no scan leaves selects neither.
 TEST_F(MainWindowStart, WithoutAStartModeNothingStarts) {
   openTwins([] { ProfileSettings.RunMode = 9; });
+  field("txtDescription").setText("changed");
   StartMode = startMode::continueScan;
   click(button("cmdStart"));
   EXPECT_THAT(dialogBoxes.messages, ElementsAre("Internal error detected when finding start mode"));
@@ -103,6 +112,7 @@ TEST_F(MainWindowStart, WithoutAStartModeNothingStarts) {
   EXPECT_EQ(dialogBoxes.titles.back(), "");
   EXPECT_EQ(StartMode, startMode::none);
   EXPECT_THAT(windows, IsEmpty());
+  EXPECT_THAT(profileFile("Ann"), HasSubstr("Desc\t0\tchanged\tS\r"));
 }
 
 TEST_F(MainWindowStart, AListWithoutDirectoriesIsScannedAllTheSame) {
@@ -122,10 +132,13 @@ TEST_F(MainWindowStart, ALimitEqualToTheFreeSpacePasses) {
 
 TEST_F(MainWindowStart, TooLittleSpaceIsAskedAboutAndCanStopIt) {
   openWithFreeBytes(50 * 1024 * 1024 - 1);
+  field("txtDescription").setText("changed");
   dialogBoxes.answers = {Answer::cancel};
   click(button("cmdStart"));
   EXPECT_THAT(dialogBoxes.messages, ElementsAre(noSpace));
   EXPECT_EQ(dialogBoxes.buttons.back(), Buttons::okCancel);
+  EXPECT_EQ(dialogBoxes.titles.back(), "");
+  EXPECT_THAT(profileFile("Ann"), HasSubstr("Desc\t0\tchanged\tS\r"));
   EXPECT_THAT(windows, IsEmpty());
   EXPECT_TRUE(window.isLoaded());
   EXPECT_TRUE(GlobalSettings.TransferFileLocally);
@@ -165,12 +178,14 @@ TEST_F(MainWindowStart, ASizeThatDoesNotFitIsReportedAndTheRestIsAsItWas) {
   field("txtDescription").setText("changed");
   field("txtMinimumSize").setText("99999999999");
   field("txtMaximumSize").setText("7");
+  field("txtNumberOfFileBuffers").setText("77");
   click(button("cmdStart"));
   EXPECT_THAT(dialogBoxes.messages,
               ElementsAre(procedureError("basSaveControlValues", "Overflow(6)")));
   EXPECT_EQ(ProfileSettings.Desc, "changed");
   EXPECT_EQ(ProfileSettings.MinimumSize, 32);
   EXPECT_EQ(ProfileSettings.MaximumSize, 2);
+  EXPECT_EQ(GlobalSettings.NumberOfFileBuffers, 500);
   EXPECT_FALSE(window.isLoaded());
 }
 
@@ -203,6 +218,43 @@ TEST_F(MainWindowStart, AfterAnAbortTheWindowIsBackWithItsProfileAndAWelcome) {
   EXPECT_EQ(list("cboProfile").currentText(), "Ann");
   EXPECT_EQ(panel(9), "State: Aborted");
   EXPECT_EQ(helpTag(), "1000");
+}
+
+// While a profile is loaded, its settings are shown; a click that has been waiting comes in then.
+TEST_F(MainWindowStart, AStartWhileItsProfileIsLoadedLeavesTheResultsAsTheyAre) {
+  haveTwins();
+  open();
+  bool hasStarted = false;
+  eventLoop.onYield = [&] {
+    if (!std::exchange(hasStarted, true)) click(button("cmdStart"));
+  };
+  QTimer::singleShot(0, [] { choose("Ann"); });
+  settle();
+  EXPECT_FALSE(window.isLoaded());
+  EXPECT_EQ(windows.back(), "frmResults show");
+  EXPECT_EQ(FileCount, 3);
+  EXPECT_EQ(FileTable.FileName.upperBound(), 3);
+}
+
+TEST_F(MainWindowExit, AWindowThatIsClosedWhileItsProfileIsLoadedStaysClosed) {
+  haveProfile("Ann");
+  open();
+  eventLoop.onYield = [] { form().close(); };
+  EXPECT_TRUE(endsProgram([] { choose("Ann"); }));
+  EXPECT_FALSE(window.isLoaded());
+}
+
+TEST_F(MainWindowExit, HandlersReportTheirFailuresByTheirNames) {
+  BrokenResults broken;
+  openAnn([] { ProfileSettings.RunMode = runState::finished; });
+  usePlatform({&disk, &archiveLibrary, &dialogBoxes, &desk, &eventLoop, &clock, &locale, &window,
+               &statusWindow, &broken});
+  click(button("cmdViewPreviousResults"));
+  click(button("cmdExit_0"));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("cmdViewPreviousResults_Click", "Permission denied(70)"),
+                          procedureError("cmdExit_Click", "Permission denied(70)")));
+  EXPECT_TRUE(window.isLoaded());
 }
 
 TEST_F(MainWindowExit, PreviousResultsAreShownInItsPlace) {
@@ -300,6 +352,37 @@ TEST_F(MainWindowCommandLine, WithoutDuplicatesTheProgramEndsAtOnce) {
   EXPECT_TRUE(endsProgram([this] { start(); }));
   EXPECT_EQ(DuplicateCount, 0);
   EXPECT_THAT(windows, testing::Contains("frmScanStatus show"));
+}
+
+// One that was stopped has found nothing yet.
+TEST_F(MainWindowCommandLine, AStoppedScanWithoutDuplicatesEndsTheProgramToo) {
+  for (const std::int16_t request : {runState::abortRequested, runState::pauseRequested}) {
+    haveTwins();
+    ProcessCommandLine = "Ann";
+    eventLoop.onYield = [request] {
+      if (RunState == runState::comparing) RunState = request;
+    };
+    EXPECT_TRUE(endsProgram([this] { start(); }));
+    EXPECT_EQ(DuplicateCount, 0);
+    window.unload();
+    settle();
+  }
+}
+
+// Nobody could see why nothing happens.
+TEST_F(MainWindowCommandLine, TheWindowComesBackIfTheScanCannotBeginAfterOneThatFoundDuplicates) {
+  haveTwins([] { ProfileSettings.NumDuplicates = 2; });
+  ProcessCommandLine = "Ann";
+  start();
+  disk.before = [](const DiskCall& call) {
+    if (call.path.ends_with(".log")) throw Failure(FailureNumber::permissionDenied);
+  };
+  settle();
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basStartScan", "Permission denied(70)")));
+  ASSERT_TRUE(window.isLoaded());
+  EXPECT_EQ(form().shownState(), ShownState::normal);
+  EXPECT_THAT(windows, IsEmpty());
 }
 
 // It is taken whole: neither blanks nor quotes come off.

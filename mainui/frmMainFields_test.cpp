@@ -1,4 +1,5 @@
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QMessageBox>
@@ -105,15 +106,17 @@ TEST_F(MainWindowFields, ANumberThatDoesNotFitIsReportedOnce) {
            {"txtFileBufferSize", "txtFileBufferSize_Validate"},
            {"txtNumberOfFileBuffers", "txtNumberOfFileBuffers_Validate"},
            {"txtMaximumSize", "txtMaximumSize_Validate"},
-           {"txtMinimumSize", "txtMinimumSize_Validate"}}) {
+           {"txtMinimumSize", "txtMinimumSize_Validate"},
+           {"txtContentMatchingPercent", "txtContentMatchingPercent_LostFocus"}}) {
     for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Return}) {
       openWithFieldOn(name);
       control<QPushButton>("cmdDelList").setDefault(true);
       field(name).setFocus();
-      field(name).setText("99999999999");
+      field(name).setText("9e9");
       dialogBoxes.messages.clear();
       pressKey(form(), key);
       EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError(rule, "Overflow(6)"))) << name;
+      EXPECT_EQ(field(name).hasFocus(), key == Qt::Key_Return) << name;
       window.unload();
       settle();
       haveProfile("Ann");
@@ -168,6 +171,77 @@ TEST_F(MainWindowFields, AClickOnAnotherControlIsHeldAndHasNoEffect) {
   pressKey(form(), Qt::Key_Tab, Qt::ControlModifier);
   expectHeld("the other page, by keyboard");
   EXPECT_EQ(tabs.currentIndex(), 0);
+}
+
+// A shortcut or a screen reader presses a button without moving the focus.
+TEST_F(MainWindowFields, AButtonPressedWithoutTheFocusIsHeldOnce) {
+  openAnn();
+  button("cmdStart").setText("&Start");
+  field("txtMaximumSize").setFocus();
+  field("txtMaximumSize").setText("0");
+  QAccessible::queryAccessibleInterface(&button("cmdExit_0"))
+      ->actionInterface()
+      ->doAction(QAccessibleActionInterface::pressAction());
+  QTest::qWait(200);
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Maximum size must be greater then 0"));
+  EXPECT_TRUE(window.isLoaded());
+  pressKey(form(), Qt::Key_S, Qt::AltModifier);
+  QTest::qWait(200);
+  EXPECT_EQ(dialogBoxes.messages.size(), 2U);
+  EXPECT_THAT(windows, IsEmpty());
+  EXPECT_TRUE(field("txtMaximumSize").hasFocus());
+  field("txtMaximumSize").setText("1");
+  pressKey(form(), Qt::Key_S, Qt::AltModifier);
+  QTest::qWait(200);
+  EXPECT_THAT(windows, testing::Contains("frmScanStatus show"));
+}
+
+// By the shortcut of its tab, or by a screen reader.
+TEST_F(MainWindowFields, APageThatIsTurnedOverARefusedFieldIsTurnedBack) {
+  openAnn();
+  QTabWidget& pages = control<QTabWidget>("tabMain");
+  pages.setTabText(1, "&Global Settings");
+  const auto turn = std::vector<std::function<void()>>{
+      [&] { pages.setCurrentIndex(1); }, [] { pressKey(form(), Qt::Key_G, Qt::AltModifier); }};
+  for (const auto& turnPage : turn) {
+    dialogBoxes.messages.clear();
+    pages.setCurrentIndex(0);
+    field("txtMaximumSize").setFocus();
+    field("txtMaximumSize").setText("0");
+    turnPage();
+    settle();
+    EXPECT_THAT(dialogBoxes.messages, ElementsAre("Maximum size must be greater then 0"));
+    EXPECT_EQ(pages.currentIndex(), 0);
+    EXPECT_TRUE(field("txtMaximumSize").hasFocus());
+    field("txtMaximumSize").setText("1");
+    turnPage();
+    settle();
+    EXPECT_EQ(dialogBoxes.messages.size(), 1U);
+    EXPECT_EQ(pages.currentIndex(), 1);
+  }
+}
+
+// A field that a drop changes needs no focus, so that none could be held there.
+TEST_F(MainWindowFields, NothingCanBeDroppedIntoAFieldWithARule) {
+  openAnn();
+  for (const char* name :
+       {"txtMinimumSize", "txtMaximumSize", "txtMaxDiskSpace", "txtFileBufferSize",
+        "txtNumberOfFileBuffers", "txtContentMatchingPercent", "txtTempPath"})
+    EXPECT_FALSE(field(name).acceptDrops()) << name;
+}
+
+// Two lines are one number, and that is seen.
+TEST_F(MainWindowFields, APasteOfSeveralLinesShowsWhatIsTaken) {
+  openAnn();
+  select("txtMinimumSize");
+  field("txtMinimumSize").insert("\t10\n20\r\n");
+  EXPECT_EQ(field("txtMinimumSize").displayText(), "1020");
+  pressKey(form(), Qt::Key_Tab);
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+  showGlobalPage();
+  select("txtTempPath");
+  field("txtTempPath").insert("C:\\Pho\ntos");
+  EXPECT_EQ(field("txtTempPath").displayText(), "C:\\Photos");
 }
 
 TEST_F(MainWindowFields, AClickThatTakesNoFocusIsFree) {
@@ -435,7 +509,7 @@ TEST_F(MainWindowFields, AnEmptyTempPathIsAskedAboutToo) {
   EXPECT_THAT(dialogBoxes.messages, ElementsAre("\"\" does not exists. Create it?"));
 }
 
-// Counts real message boxes and closes each with Enter.
+// Counts real message boxes and closes each by its first button.
 class BoxCloser {
  public:
   BoxCloser() {
@@ -443,7 +517,7 @@ class BoxCloser {
       auto* const shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
       if (shown == nullptr) return;
       texts.push_back(shown->text().toStdString());
-      shown->accept();
+      shown->defaultButton()->click();
     });
     timer_.start(5);
   }
@@ -478,6 +552,37 @@ TEST_F(MainWindowFields, RealBoxesComeOnceToo) {
   settle();
   EXPECT_EQ(closer.texts.size(), 3U);
   EXPECT_EQ(form().focusWidget(), &field("txtMinimumSize"));
+}
+
+// After these the field can be left.
+TEST_F(MainWindowFields, RealBoxesThatLetTheFocusGoComeOnceToo) {
+  openAnn();
+  showGlobalPage();
+  QtDialogs real;
+  usePlatform({&disk, &archiveLibrary, &real, &desk, &eventLoop, &clock, &locale, &window,
+               &statusWindow, &resultsWindow});
+  BoxCloser closer;
+  const auto leave = [](const char* name, const char* value, const std::function<void()>& act) {
+    form().activateWindow();
+    settle();
+    field(name).setFocus();
+    field(name).setText(value);
+    act();
+    settle();
+    EXPECT_NE(form().focusWidget(), &field(name)) << name << " " << value;
+  };
+  const auto tab = [] { pressKey(form(), Qt::Key_Tab); };
+  leave("txtTempPath", "C:\\Photos\\One", tab);
+  leave("txtTempPath", "C:\\Photos\\Two", [] { click(field("txtMaxDiskSpace")); });
+  control<QTabWidget>("tabMain").setCurrentIndex(0);
+  leave("txtMinimumSize", "99999999999", tab);
+  leave("txtMinimumSize", "99999999999", [] { click(field("txtDescription")); });
+  const std::string overflow = procedureError("txtMinimumSize_Validate", "Overflow(6)");
+  EXPECT_THAT(closer.texts,
+              ElementsAre("\"C:\\Photos\\One\" does not exists. Create it?",
+                          "\"C:\\Photos\\Two\" does not exists. Create it?", overflow, overflow));
+  EXPECT_TRUE(disk.exists("C:\\Photos\\One"));
+  EXPECT_TRUE(disk.exists("C:\\Photos\\Two"));
 }
 
 }  // namespace

@@ -82,9 +82,11 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
                        movedByKeyboard(static_cast<QFocusEvent*>(event)->reason());
   if (id.isValid() && (pointed || focused)) displayHelp(id.toInt());
   // A move over a label passes on to what lies behind it, and is none over that.
-  if (pointed && isBackground(widget) &&
-      widget->childAt(static_cast<QMouseEvent*>(event)->position().toPoint()) == nullptr)
-    displayHelp(-1);
+  if (pointed && isBackground(widget)) {
+    const QPoint at = static_cast<QMouseEvent*>(event)->position().toPoint();
+    const QWidget* const over = widget->childAt(at);
+    if (over == nullptr || over == ground()) displayHelp(-1);
+  }
   if (widget == ui_->txtContentMatchingPercent && event->type() == QEvent::KeyPress)
     return isSwallowed(*static_cast<QKeyEvent*>(event));
   return Form::eventFilter(watched, event);

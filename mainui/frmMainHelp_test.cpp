@@ -22,6 +22,12 @@ class MainWindowHelp : public MainWindowTest {
       setDirectory(1, "C:\\Photos", "I");
     });
   }
+  // On a frame itself, beside its controls.
+  static void expectNoHelpBeside(const char* frame) {
+    forgetHelp();
+    pointAt(control<QWidget>(frame), {2, 2});
+    EXPECT_EQ(helpTag(), "0") << frame;
+  }
   static void forgetHelp() { control<QWidget>("fraHelp").setProperty("Tag", "0"); }
 };
 
@@ -99,6 +105,14 @@ TEST_F(MainWindowHelp, TheGridHasItsText) {
   EXPECT_EQ(helpTag(), "142");
 }
 
+TEST_F(MainWindowHelp, TheWelcomeTellsHowToGetAProfile) {
+  open();
+  EXPECT_THAT(help(),
+              testing::EndsWith("Getting started tip:\n\nSelect an existing profile from the "
+                                "drop-down list or choose 'New Profile' to create your "
+                                "own."));
+}
+
 TEST_F(MainWindowHelp, TheTextStandsInThePanelWithItsLineBreaks) {
   openAll();
   pointAt(button("cmdExit_0"));
@@ -145,12 +159,15 @@ TEST_F(MainWindowHelp, OtherPlacesLeaveThePanelAsItWas) {
     pointAt(control<QWidget>(name));
     EXPECT_EQ(helpTag(), "0") << name;
   }
+  expectNoHelpBeside("fraStartMode");
   showGlobalPage();
   for (const char* name : {"cboSizeMeasure_2", "Label1", "labBufferSizeMB"}) {
     forgetHelp();
     pointAt(control<QWidget>(name));
     EXPECT_EQ(helpTag(), "0") << name;
   }
+  for (const char* name : {"fraPerformance", "fraFileTypes"})
+    expectNoHelpBeside(name);
 }
 
 // The window may open under the pointer.

@@ -1,7 +1,6 @@
 // The profiles of the main window: choosing, making and deleting.
 
-#include <QSignalBlocker>
-
+#include "controls/tag.h"
 #include "core/modMain.h"
 #include "core/probes.h"
 #include "core/procedure.h"
@@ -69,7 +68,6 @@ void clearSlotsOfProfile() {
 
 void frmMain::basUpdateProfileCombo() {
   procedure("basUpdateProfileCombo", [this] {
-    const QSignalBlocker silence(ui_->cboProfile);
     ui_->cboProfile->clear();
     ui_->cboProfile->addItem(newProfile);
     for (Int32 slot = 1; slot <= ProfileList.ProfileNameList.upperBound(); ++slot) {
@@ -77,8 +75,15 @@ void frmMain::basUpdateProfileCombo() {
       if (!name.empty()) ui_->cboProfile->addItem(qtText(name));
     }
     ui_->cboProfile->setCurrentIndex(-1);
-    profileTag_.clear();
+    setTag(*ui_->cboProfile, "");
   });
+}
+
+// The name may have been typed in another letter case; -1 if it isn't in the list.
+int frmMain::positionOfProfile() const {
+  const QString name = qtText(ProfileName);
+  const int exact = ui_->cboProfile->findText(name);
+  return exact >= 0 ? exact : ui_->cboProfile->findText(name, Qt::MatchFixedString);
 }
 
 // A selection by the program counts as a click, as one by the person does, if it changes anything.
@@ -90,10 +95,7 @@ void frmMain::selectProfile(int position) {
 
 void frmMain::cboProfile_Click() {
   procedure("cboProfile_Click", [this] {
-    if (profileTag_ == "IGNORE") {
-      profileTag_.clear();
-      return;
-    }
+    if (takeIgnoreTag(*ui_->cboProfile)) return;
     if (!ProfileName.empty()) {
       basSaveControlValues("");
       basSaveProfile(std::string_view("PROFILE"));

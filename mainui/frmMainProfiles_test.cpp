@@ -323,6 +323,18 @@ TEST_F(MainWindowProfiles, DeletingLeavesNoProfileButTheFormerFiguresInTheStatus
   EXPECT_EQ(helpTag(), "1000");
 }
 
+TEST_F(MainWindowProfiles, DeletingEmptiesTheListOfDirectories) {
+  openAnn([] {
+    for (int slot = 1; slot <= 128; ++slot)
+      setDirectory(slot, "C:\\Photos", "I");
+  });
+  ProfileDirList.redim(193, true);
+  click(button("cmdDeleteProfile"));
+  EXPECT_EQ(ProfileDirList.upperBound(), 128);
+  for (Int32 slot = 0; slot <= 128; ++slot)
+    EXPECT_EQ(ProfileDirList[slot].Dir + ProfileDirList[slot].IncludeExclude, "") << slot.raw();
+}
+
 TEST_F(MainWindowProfiles, AfterDeletingAnotherCanBeChosen) {
   haveProfile("Ben");
   openAnn();

@@ -14,13 +14,13 @@ class FormsMainWindow final : public MainWindow {
   void setCaption(std::string_view caption) override { form_->setWindowTitle(qtText(caption)); }
   void show() override { form_->show(); }
   void unload() override { form_.unload(); }
+  bool isLoaded() const override { return form_.isLoaded(); }
   void basUpdateProfileObjects(std::string_view profileName) override {
     form_->basUpdateProfileObjects(profileName);
   }
   void basUpdateStatusBar() override { form_->basUpdateStatusBar(); }
 
   forms::frmMain& form() { return form_.get(); }
-  bool isLoaded() const { return form_.isLoaded(); }
 
  private:
   FormInstance<forms::frmMain> form_;

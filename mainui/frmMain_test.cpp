@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QTabBar>
 #include <QToolButton>
 #include <vector>
@@ -114,16 +115,21 @@ TEST_F(MainWindowControls, StandInTheirFrames) {
     EXPECT_EQ(frameOf(name), "fraWhatToScan") << name;
   for (const char* name : {"chkMatchingOption_0", "chkMatchingOption_1", "chkMatchingOption_2",
                            "txtContentMatchingPercent", "txtMinimumSize", "cboSizeMeasure_0",
-                           "txtMaximumSize", "cboSizeMeasure_1", "chkSlowNetwork"})
+                           "txtMaximumSize", "cboSizeMeasure_1", "chkSlowNetwork", "labMatching",
+                           "labMatchingPercent", "Label71", "Label20", "Label4"})
     EXPECT_EQ(frameOf(name), "fraScanOptions") << name;
   for (const char* name :
        {"txtNumberOfFileBuffers", "txtFileBufferSize", "labBufferSizeMB", "chkTransferLocally",
-        "txtMaxDiskSpace", "cboSizeMeasure_2", "txtTempPath", "cmdBrowse_0"})
+        "txtMaxDiskSpace", "cboSizeMeasure_2", "txtTempPath", "cmdBrowse_0", "Label1", "Label18",
+        "Label19", "labFileComparisionBuffers", "labDiskReadCheckSize", "labMaxDiskSpace",
+        "labMaxDiskSpaceHelp", "Label6"})
     EXPECT_EQ(frameOf(name), "fraPerformance") << name;
   for (const char* name : {"optStartModes_0", "optStartModes_1"})
     EXPECT_EQ(frameOf(name), "fraStartMode") << name;
   EXPECT_EQ(frameOf("cmdEditFileTypes"), "fraFileTypes");
-  EXPECT_EQ(frameOf("txtHelp"), "fraHelp");
+  for (const char* name : {"txtHelp", "Label23"})
+    EXPECT_EQ(frameOf(name), "fraHelp") << name;
+  EXPECT_EQ(frameOf("labSizer"), "frmMain");
   for (const char* name :
        {"fraProfile", "fraWhatToScan", "fraScanOptions", "cmdStart", "cmdExit_0", "fraStartMode"})
     EXPECT_EQ(pageOf(name), "tabProfileSettings") << name;
@@ -245,11 +251,98 @@ TEST_F(MainWindowControls, EnterPressesTheButtonThatHasTheFocus) {
   openAnn();
   button("cmdDeleteProfile").setFocus();
   dialogBoxes.answers = {Answer::cancel};
-  pressKey(form(), Qt::Key_Space);
+  pressKey(form(), Qt::Key_Enter);
   EXPECT_THAT(dialogBoxes.messages, ElementsAre("Delete profile 'Ann'"));
   button("cmdExit_0").setFocus();
   pressKey(form(), Qt::Key_Return);
   EXPECT_FALSE(window.isLoaded());
+}
+
+// Any name may be chosen for a profile.
+TEST_F(MainWindowControls, ALongNameLeavesTheWindowAsItWas) {
+  open();
+  const QSize least = form().minimumSizeHint();
+  window.unload();
+  settle();
+  haveProfile(std::string(200, 'x'));
+  open();
+  choose(std::string(200, 'x'));
+  settle();
+  EXPECT_EQ(form().minimumSizeHint(), least);
+  const StatusPanel& state = control<PanelStatusBar>("sbarStatus").panel(9);
+  EXPECT_LT(state.left + state.width, form().width());
+}
+
+// Where the window can't be made to fit, its controls scroll.
+TEST_F(MainWindowControls, OnASmallScreenTheScanCanStillBeStarted) {
+  haveProfile("Ann");
+  start();
+  window.unload();
+  settle();
+  QScreen& small = *QGuiApplication::screens().back();
+  ASSERT_LT(small.size().height(), form().minimumSizeHint().height());
+  form().setScreen(&small);
+  window.show();
+  settle();
+  choose("Ann");
+  EXPECT_LE(form().height(), small.size().height());
+  EXPECT_LE(form().width(), small.size().width());
+  list("cboProfile").setFocus();
+  for (int press = 0; press < 30 && focused() != "cmdExit_0"; ++press)
+    pressKey(form(), Qt::Key_Tab);
+  settle();
+  for (const char* name : {"cmdStart", "cmdExit_0"})
+    EXPECT_EQ(button(name).visibleRegion().boundingRect(), button(name).rect()) << name;
+  HelpState = 2;
+  pointAt(control<QWidget>("fraScanOptions"), {3, 3});
+  EXPECT_EQ(helpTag(), "1002");
+  pointAt(button("cmdExit_0"));
+  EXPECT_EQ(helpTag(), "116");
+  pointAt(const_cast<QWidget&>(*form().ground()), {1, form().ground()->height() - 1});
+  EXPECT_EQ(helpTag(), "1002");
+  click(button("cmdStart"));
+  EXPECT_THAT(windows, testing::Contains("frmScanStatus show"));
+}
+
+TEST_F(MainWindowControls, FieldsHaveRoomForTheirNumbers) {
+  open();
+  QFont large = QApplication::font();
+  for (const int points : {large.pointSize(), 2 * large.pointSize()}) {
+    large.setPointSize(points);
+    const QFont before = QApplication::font();
+    QApplication::setFont(large);
+    const forms::frmMain resized;
+    QApplication::setFont(before);
+    for (const auto& [name, number] :
+         std::vector<std::pair<const char*, const char*>>{{"txtContentMatchingPercent", "100"},
+                                                          {"txtMinimumSize", "2147483647"},
+                                                          {"txtMaximumSize", "2147483647"},
+                                                          {"txtMaxDiskSpace", "-2147483648"},
+                                                          {"txtNumberOfFileBuffers", "100000"},
+                                                          {"txtFileBufferSize", "32768"}}) {
+      const auto& shown = *resized.findChild<QLineEdit*>(name);
+      EXPECT_GT(shown.maximumWidth(), shown.fontMetrics().horizontalAdvance(number) + 4) << name;
+    }
+  }
+}
+
+// A row of tabs is scrolled past, as a list is.
+TEST_F(MainWindowControls, TheWheelTurnsNoPageUnlessTheTabsHaveTheFocus) {
+  openAnn();
+  QTabBar& tabs = *control<QTabWidget>("tabMain").tabBar();
+  field("txtMaximumSize").setFocus();
+  turnWheel(tabs, -1);
+  EXPECT_EQ(tabs.currentIndex(), 0);
+  tabs.setFocus();
+  turnWheel(tabs, -1);
+  EXPECT_EQ(tabs.currentIndex(), 1);
+}
+
+TEST_F(MainWindowControls, ComesBackWithTheCaptionOfItsForm) {
+  open();
+  window.unload();
+  window.show();
+  EXPECT_EQ(form().windowTitle(), "Quernstoke - Find Duplicate files");
 }
 
 TEST_F(MainWindowLoad, WithoutAProfileOnlyTheChoiceOfOneIsOpen) {
@@ -339,6 +432,24 @@ TEST_F(MainWindowLoad, AProfileThatIsNotListedDoesNotSwallowTheNextChoice) {
   choose("Ann");
   EXPECT_EQ(ProfileName, "Ann");
   EXPECT_EQ(panel(1), "Profile: Ann");
+}
+
+// The name of a command line finds its profile in any letter case.
+TEST_F(MainWindowLoad, TheProfileInPlaceIsSelectedInAnyLetterCase) {
+  haveProfile("Ann");
+  haveProfile("ANN");
+  open();
+  window.unload();
+  settle();
+  for (const auto& [name, entry] :
+       {std::pair("ann", "Ann"), std::pair("ANN", "ANN"), std::pair("Ann", "Ann")}) {
+    ProfileName = name;
+    window.show();
+    EXPECT_EQ(list("cboProfile").currentText(), entry) << name;
+    EXPECT_EQ(ProfileName, name);
+    window.unload();
+    settle();
+  }
 }
 
 TEST_F(MainWindowLoad, AProfileCalledLikeAKindOfSettingsIsReadAsOne) {

@@ -27,7 +27,6 @@ frmSplashScreen::frmSplashScreen()
   constexpr int showTime = 3000;
   constexpr int iconSize = 96;
   ui_->setupUi(this);
-  setWindowIcon(programIcon());
   ui_->labIcon->setPixmap(picture("quernstoke").pixmap({iconSize, iconSize}, devicePixelRatio()));
   QFont large = font();
   large.setPointSizeF(large.pointSizeF() * 2);
@@ -56,8 +55,11 @@ void frmSplashScreen::TimerSplashScreen_Timer() {
 }
 
 bool frmSplashScreen::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == ui_->labWebAddress && event->type() == QEvent::MouseButtonRelease)
-    labWebAddress_Click();
+  if (watched == ui_->labWebAddress && event->type() == QEvent::MouseButtonRelease) {
+    const auto& release = *static_cast<QMouseEvent*>(event);
+    const bool isOver = ui_->labWebAddress->rect().contains(release.position().toPoint());
+    if (release.button() == Qt::LeftButton && isOver) labWebAddress_Click();
+  }
   return Form::eventFilter(watched, event);
 }
 

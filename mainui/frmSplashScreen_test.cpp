@@ -80,6 +80,17 @@ TEST_F(FrmSplashScreenTest, ClickOnTheAddressOpensIt) {
   screen->unload();
 }
 
+TEST_F(FrmSplashScreenTest, OtherButtonsAndAPressThatIsDraggedOffOpenNothing) {
+  show();
+  auto& address = control<QLabel>("labWebAddress");
+  clickMouse(address, address.rect().center(), Qt::RightButton);
+  pressMouse(address, address.rect().center());
+  releaseMouse(address, {-5, 3});
+
+  EXPECT_TRUE(desk.opened.empty());
+  screen->unload();
+}
+
 TEST_F(FrmSplashScreenTest, AddressThatCannotBeOpenedIsPassedOver) {
   show();
   desk.failure = FailureNumber::outOfMemory;
@@ -90,6 +101,7 @@ TEST_F(FrmSplashScreenTest, AddressThatCannotBeOpenedIsPassedOver) {
 }
 
 TEST_F(FrmSplashScreenTest, BorderRunsRoundTheWindow) {
+  screen->setFixedSize(screen->size() + QSize(60, 40));  // As a larger font would have it.
   show();
   EXPECT_EQ(control<QWidget>("shaBorder").geometry(), screen->rect());
   for (const char* name : {"labIcon", "labProductName", "labDescription", "labWebAddress"}) {

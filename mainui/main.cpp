@@ -1,8 +1,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <cstdlib>
-#include <filesystem>
-#include <iostream>
+#include <exception>
 #include <string>
 
 #include "controls/form.h"
@@ -17,6 +16,7 @@
 #include "platform/linux/linuxDesktop.h"
 #include "platform/linux/linuxFileSystem.h"
 #include "platform/linux/linuxLocale.h"
+#include "platform/linux/process.h"
 #include "platform/linux/zipArchives.h"
 #include "platform/platform.h"
 #include "platform/qt/qtDialogs.h"
@@ -52,23 +52,6 @@ struct WindowsPlatform {
   FormsResultsWindow results;
 };
 
-// The directory of the executable, or what QUERNSTOKE_HOME names.
-std::string programHome() {
-  const char* const named = std::getenv("QUERNSTOKE_HOME");
-  if (named != nullptr && *named != '\0') return std::filesystem::canonical(named);
-  return std::filesystem::read_symlink("/proc/self/exe").parent_path();
-}
-
-// The arguments are taken for one text, as it was typed.
-std::string commandLine(int argc, char** argv) {
-  std::string text;
-  for (int i = 1; i < argc; ++i) {
-    if (i > 1) text += ' ';
-    text += argv[i];
-  }
-  return text;
-}
-
 // Lets the person choose a directory, beginning with that of DialogText, which takes the choice.
 void chooseDirectory(const DriveTable& drives) {
   const std::string chosen = QFileDialog::getExistingDirectory(QApplication::activeWindow(), {},
@@ -78,18 +61,10 @@ void chooseDirectory(const DriveTable& drives) {
 }
 
 int run(int argc, char** argv) {
-  // The toolkit gets no option of the command line.
-  int toolkitArguments = 1;
-  const QApplication application(toolkitArguments, argv);
-  QApplication::setApplicationName("Quernstoke");
-  QApplication::setDesktopFileName("quernstoke");
-  QApplication::setWindowIcon(programIcon());
-
   const DriveTable drives = DriveTable::fromEnvironment();
   const WindowsPlatform platform(drives);
-  AppPath = drives.programPath(programHome());
-  if (AppPath.ends_with('\\')) AppPath.pop_back();
-  ExeName = "quernstoke";
+  AppPath = homeAsProgramPath(realDirectory(namedHome()), drives);
+  ExeName = executableName();
   ProcessCommandLine = commandLine(argc, argv);
   modalForms.frmSplashScreen = [] { (new forms::frmSplashScreen)->showModal(); };
   modalForms.frmGetDirName = [] { (new forms::frmGetDirName)->showModal(); };
@@ -99,7 +74,8 @@ int run(int argc, char** argv) {
     quernstoke::dialogs().messageBox("File types can't be edited yet");
   };
   Main();
-  const int status = QApplication::exec();
+  // Without its window there is nothing left that could end the program; it has told why.
+  const int status = platform.mainWindow.isLoaded() ? QApplication::exec() : EXIT_FAILURE;
   Form::deleteAll();
   return status;
 }
@@ -109,10 +85,16 @@ int run(int argc, char** argv) {
 }  // namespace quernstoke
 
 int main(int argc, char** argv) {
+  // The toolkit gets no option of the command line.
+  int toolkitArguments = 1;
+  const QApplication application(toolkitArguments, argv);
+  QApplication::setApplicationName("Quernstoke");
+  QApplication::setDesktopFileName("quernstoke");
+  QApplication::setWindowIcon(quernstoke::programIcon());
   try {
     return quernstoke::run(argc, argv);
   } catch (const std::exception& error) {
-    std::cerr << "quernstoke: " << error.what() << '\n';
+    quernstoke::QtDialogs().messageBox(error.what());
     return EXIT_FAILURE;
   }
 }

@@ -22,6 +22,7 @@ void basProcessProfileSelection(bool& ok) {
     frmMain().basUpdateProfileObjects(ProfileName);
     DuplicateCount = ProfileSettings.NumDuplicates;
     events().yield();
+    if (!frmMain().isLoaded()) return;  // Closed by the person, or a scan was started and is over.
     basRedimFilesArrays(roomForFiles, false);
     basLoadFilesList();
     basLoadDirTable();

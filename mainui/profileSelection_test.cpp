@@ -55,6 +55,17 @@ TEST_F(ProfileSelectionTest, BringsBackWhatTheLastScanLeft) {
   EXPECT_EQ(FileTable.FileLocalPos[localPosLowest][1], -1);
 }
 
+// While the window is painted, the person may close it or start a scan, which has its own tables.
+TEST_F(ProfileSelectionTest, EndsIfTheWindowIsGoneMeanwhile) {
+  leaveScan();
+  windows.clear();
+  eventLoop.onYield = [this] { mainWindow.loaded = false; };
+  EXPECT_FALSE(select("Music"));
+
+  EXPECT_THAT(windows, ElementsAre("frmMain basUpdateProfileObjects Music"));
+  EXPECT_THAT(fileNames(), ElementsAre("other"));
+}
+
 TEST_F(ProfileSelectionTest, ShowsTheSettingsBeforeTheListsAndTheStatusBarAfterThem) {
   leaveScan();
   eventLoop.onYield = [this] {

@@ -72,9 +72,10 @@ class TextRuler {
   virtual std::int32_t width(std::string_view text) const = 0;
 };
 
-// The same for text that may be bold.
+// The same for text in the font of another control, as that tells it, which may be bold.
 class BoldRuler : public TextRuler {
  public:
+  virtual void setFont(std::string_view font) = 0;
   virtual void setBold(bool bold) = 0;
 };
 

@@ -18,6 +18,7 @@ class MainWindow {
   virtual void setCaption(std::string_view caption) = 0;
   virtual void show() = 0;  // Modelessly; loads the window if it is not loaded.
   virtual void unload() = 0;
+  virtual bool isLoaded() const = 0;
   // Brings the profile's settings into the controls; empty text: no profile.
   virtual void basUpdateProfileObjects(std::string_view profileName) = 0;
   virtual void basUpdateStatusBar() = 0;

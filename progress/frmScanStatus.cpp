@@ -18,7 +18,6 @@
 #include "core/text.h"
 #include "detect/tempStore.h"
 #include "mainui/helpStrings.h"
-#include "pictures/pictures.h"
 #include "platform/qt/qtText.h"
 #include "progress/scanStatus.h"
 #include "settings/settings.h"
@@ -78,7 +77,6 @@ bool scanIsRunning() {
 frmScanStatus::frmScanStatus()
     : Form(titleButtons), ui_(std::make_unique<Ui::frmScanStatus>()), Timer1_(new QTimer(this)) {
   ui_->setupUi(this);
-  setWindowIcon(programIcon());
   ui_->sbarStatus->setPanelCount(panelCount);
   ui_->labFile1->setElideMode(Qt::ElideMiddle);
   Timer1_->setObjectName("Timer1");
@@ -248,16 +246,12 @@ void frmScanStatus::setPanel(int number, std::string_view text, std::string_view
 void frmScanStatus::makeRoomForPanels() {
   PanelStatusBar& bar = *ui_->sbarStatus;
   bar.ensurePolished();
-  for (const auto& [number, text] : widestTexts) {
-    bar.setPanelText(number, text);
-    bar.setPanelMinWidth(number, bar.panel(number).width);
-  }
+  for (const auto& [number, text] : widestTexts)
+    bar.setPanelMinWidth(number, bar.widthFor(text));
   bar.setPanelText(1, "Profile:" + ProfileName);
   const StatusPanel& last = bar.panel(panelCount);
   const int widest = screen()->availableGeometry().width();
   setMinimumWidth(std::min(std::max(width(), last.left + last.width), widest));
-  for (const auto& [number, text] : widestTexts)
-    bar.setPanelText(number, "");
 }
 
 // The title frame begins below the buttons. The short view ends with its first line, the status;

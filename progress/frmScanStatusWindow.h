@@ -4,8 +4,6 @@
 #include "platform/windows.h"
 #include "progress/frmScanStatus.h"
 
-class QLabel;
-
 namespace quernstoke {
 
 // The window of a scan as the engine sees it: one form, made anew after it was unloaded.

@@ -101,6 +101,8 @@ TEST_F(FrmScanStatusTest, ShortViewComesUpFirst) {
        {"fraScanStatusFiles", "fraScanStatusTimes", "fraScanStatusReadStats", "labHelp"})
     EXPECT_FALSE(isShown(frame)) << frame;
   EXPECT_EQ(caption(), "Scanning...");
+  EXPECT_EQ(button("cmdPause").text(), "Pause");
+  EXPECT_EQ(button("cmdAbort").text(), "Abort");
   for (const char* time : {"labElapsedTime", "labRemainingTime", "labEstimatedTime"})
     EXPECT_EQ(label(time), "0d 0h 0m 0s");
 }
@@ -131,6 +133,20 @@ TEST_F(FrmScanStatusTest, StatusIsSeenInBothViews) {
   button("cmdMoreLess").click();
   settle();
   EXPECT_TRUE(isInWindow());
+}
+
+TEST_F(FrmScanStatusTest, FiguresHaveTheirCaptions) {
+  show(runState::comparing);
+  for (const auto& [name, text] : {std::pair("labScanStatusCaption", "Status:"),
+                                   {"labFile1Caption", "File:"},
+                                   {"labFile2Caption", "Secondary File:"},
+                                   {"labElapsedTimeCaption", "Elapsed Time:"},
+                                   {"labRemainingTimeCaption", "Remaining Time:"},
+                                   {"labEstimatedTimeCaption", "Estimated Time:"},
+                                   {"labBufferReadsCaption", "Memory buffer Reads:"},
+                                   {"labLocalFileReadsCaption", "Disk buffer Reads:"},
+                                   {"labRemoteFileReadsCaption", "Actual file Reads:"}})
+    EXPECT_EQ(label(name), text);
 }
 
 TEST_F(FrmScanStatusTest, NothingOfTheLongViewIsCovered) {
@@ -376,6 +392,19 @@ TEST_F(FrmScanStatusTest, AllPanelsOfALargeScanHaveRoom) {
   EXPECT_LE(panel(11).left + panel(11).width, form().width());
 }
 
+// The name of a profile may be of any length.
+TEST_F(FrmScanStatusTest, LongProfileNameMakesTheWindowNotMuchWider) {
+  show(runState::comparing);
+  const int before = form().width();
+  window.unload();
+  ProfileName = std::string(300, 'x');
+  show(runState::comparing);
+
+  EXPECT_LT(form().width(), 2 * before);
+  EXPECT_GE(panel(7).left, 0);
+  EXPECT_LE(panel(7).left + panel(7).width, form().width());
+}
+
 // Help.
 
 TEST_F(FrmScanStatusTest, PanelUnderThePointerIsExplained) {
@@ -414,6 +443,35 @@ TEST_F(FrmScanStatusTest, HelpLastsFiveSecondsFromTheLastMove) {
   EXPECT_FALSE(timer.isActive());
   EXPECT_EQ(label("labHelp"), "");
   EXPECT_FALSE(isShown("labHelp"));
+}
+
+TEST_F(FrmScanStatusTest, EachMoveLetsTheHelpLastAnew) {
+  show(runState::comparing);
+  auto& timer = control<QTimer>("Timer1");
+  pointAt(panel(1));
+  timer.start(100000);
+  pointAt(panel(1));
+
+  EXPECT_EQ(timer.interval(), 5000);
+  EXPECT_LT(timer.remainingTime(), 50000);
+}
+
+// An edge belongs to both panels that meet there; the first one is explained.
+TEST_F(FrmScanStatusTest, EdgesBelongToTheirPanels) {
+  show(runState::buildingList);
+  auto& bar = control<PanelStatusBar>("sbarStatus");
+  const auto helpAt = [&](int x) {
+    moveMouse(form(), {3, 3});
+    moveMouse(bar, {x, 5});
+    return label("labHelp");
+  };
+  const std::string profile = "Help: " + helpText(150), files = "Help: " + helpText(161);
+  EXPECT_EQ(helpAt(0), profile);
+  EXPECT_EQ(helpAt(panel(1).width), profile);
+  EXPECT_EQ(helpAt(panel(1).width + 1), "");
+  EXPECT_EQ(helpAt(panel(3).left), "");  // The separator before it comes first.
+  EXPECT_EQ(helpAt(panel(3).left + 1), files);
+  EXPECT_EQ(helpAt(panel(3).left + panel(3).width), files);
 }
 
 TEST_F(FrmScanStatusTest, PointerOverTheWindowEndsTheHelp) {

@@ -51,6 +51,7 @@ void basAutoSetGridWidth(FlexGridModel& grid, Int16 expandCol, BoldRuler& ruler,
     const Int32 rowBefore = grid.row();
     const Int32 rowSelBefore = grid.rowSel();
     grid.setRedraw(false);
+    ruler.setFont(grid.font());
     Table<Int32> widths;
     widths.redim(grid.cols() - 1, false);
     measureRow(grid, 0, ruler, pictureWidth, widths);
@@ -66,6 +67,8 @@ void basAutoSetGridWidth(FlexGridModel& grid, Int16 expandCol, BoldRuler& ruler,
       grid.setCol(0);
       grid.setRowSel(rowSelBefore);
       grid.setColSel(grid.cols() - 1);
+    } else {
+      grid.setCol(grid.cols() - 1);  // The cell that was looked at last.
     }
     grid.setRedraw(redrawBefore);
   });

@@ -106,6 +106,9 @@ TEST_F(ResultsWidthTest, NewColumnsAreAsWideAsTheirTitlesWhileAutomaticWidthsAre
 // A character is 100 twips, a bold one 200.
 class BoldTwipRuler : public BoldRuler {
  public:
+  std::string font;
+
+  void setFont(std::string_view named) override { font = named; }
   void setBold(bool bold) override { character_ = bold ? 200 : 100; }
   std::int32_t width(std::string_view text) const override {
     return character_ * static_cast<std::int32_t>(text.size());
@@ -212,11 +215,40 @@ TEST_F(AutoWidthTest, RowsThatAreSelectedStayAndTheColumnsAreAllSelected) {
   EXPECT_FALSE(grid.redraw());
 }
 
-TEST_F(AutoWidthTest, SelectionOfAGridWithTitlesAloneIsLeft) {
+// The titles have been looked at cell by cell, and nothing is selected again.
+TEST_F(AutoWidthTest, InAGridWithTitlesAloneTheLastColumnBecomesTheCurrentOne) {
   grid.setRows(1);
-  grid.setCol(2);
+  grid.setCol(1);
   widths();
   EXPECT_EQ(grid.col(), 2);
+  EXPECT_EQ(grid.colSel(), 2);
+}
+
+TEST_F(AutoWidthTest, RedrawingIsAsBefore) {
+  for (const bool redraw : {true, false}) {
+    grid.setRedraw(redraw);
+    widths();
+    EXPECT_EQ(grid.redraw(), redraw);
+  }
+}
+
+TEST_F(AutoWidthTest, TextIsMeasuredInTheFontOfTheGrid) {
+  widths();
+  EXPECT_EQ(ruler.font, "Grid");
+}
+
+// The ruler is bold for one cell alone.
+TEST_F(AutoWidthTest, TextBehindABoldOneIsMeasuredPlain) {
+  write(1, 0, "a");
+  grid.editCell(1, 0).bold = true;
+  write(2, 2, "abcde");
+  EXPECT_THAT(widths(), ElementsAre(400, 8650 - 400 - 600, 600));
+}
+
+TEST_F(AutoWidthTest, ExpandedColumnMayBeLeftWithNothing) {
+  write(1, 0, std::string(60, 'x'));
+  write(1, 2, std::string(60, 'x'));
+  EXPECT_THAT(widths(), ElementsAre(4325, 0, 4325));
 }
 
 }  // namespace

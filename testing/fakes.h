@@ -98,11 +98,13 @@ class ScriptedMainWindow : public MainWindow {
   explicit ScriptedMainWindow(WindowLog& log) : log_(log) {}
 
   std::string caption;
+  bool loaded = true;
 
   void load() override { log_.emplace_back("frmMain load"); }
   void setCaption(std::string_view text) override { caption = text; }
   void show() override { log_.emplace_back("frmMain show"); }
   void unload() override { log_.emplace_back("frmMain unload"); }
+  bool isLoaded() const override { return loaded; }
   void basUpdateProfileObjects(std::string_view profileName) override {
     log_.push_back("frmMain basUpdateProfileObjects " + std::string(profileName));
   }

@@ -18,6 +18,7 @@ class ScriptedGridScreen : public GridScreen {
   std::vector<std::string> log;  // What was done to the grid as a whole: "show", "focus".
 
   void gridChanged() override { ++changes; }
+  void extentChanged() override {}
   void showGrid(bool visible) override { log.emplace_back(visible ? "show" : "hide"); }
   void enableGrid(bool enabled) override { log.emplace_back(enabled ? "enable" : "disable"); }
   void focusGrid() override { log.emplace_back("focus"); }
@@ -29,6 +30,7 @@ class ScriptedGridScreen : public GridScreen {
   std::int32_t columnWidthFor(std::string_view text) const override {
     return 100 * static_cast<std::int32_t>(text.size());
   }
+  std::string gridFont() const override { return "Grid"; }
 };
 
 }  // namespace quernstoke
