@@ -9,15 +9,6 @@ namespace quernstoke {
 
 namespace {
 
-std::string withEscapedBrackets(const std::string& name) {
-  std::string escaped;
-  for (const char c : name) {
-    if (c == '[' || c == ']') escaped += '\\';
-    escaped += c;
-  }
-  return escaped;
-}
-
 std::uint64_t sizeOf(const ScriptedEntry& entry) {
   return entry.claimedSize != 0 ? entry.claimedSize : entry.content.size();
 }
@@ -40,7 +31,7 @@ int ScriptedArchives::singleEntryUnzip(std::span<const std::string> included,
 int ScriptedArchives::extract(const std::string& escaped, const ArchiveOptions& options,
                               ArchiveCallbacks& callbacks) {
   for (const ScriptedEntry& entry : contents[options.lpszZipFN]) {
-    if (withEscapedBrackets(entry.name) != escaped) continue;
+    if (entry.name != withoutEscapedBrackets(escaped)) continue;
     std::array<char, 16> password{};
     if (entry.encrypted && callbacks.password(password) != 0) {
       callbacks.print("   skipping: " + entry.name + "  incorrect password\n");
