@@ -27,17 +27,21 @@ namespace {
 constexpr int roomOfExtraction = 1024;
 constexpr int growth = 1024;
 
+// The library must not see a failure in a callback: each goes on at its next statement.
+
 // The listing callback.
-void DLLMessage(const ArchiveEntry& entry) {
+void DLLMessage(std::string_view name, Int32 size, CivilTime date) {
   constexpr std::size_t longestName = 256;
   const Int32 row = ZipEntryCount + 1;
-  if (row > ZipEntryList.upperBound()) ZipEntryList.redim(ZipEntryCount + growth, true);
-  ZipEntry& listed = ZipEntryList[row];
-  listed.name = entry.name.substr(0, std::min(entry.name.find('\0'), longestName));
-  listed.size = entry.size;
-  CivilTime date = entry.date;
+  ignoringFailure([&] {
+    if (row > ZipEntryList.upperBound()) ZipEntryList.redim(ZipEntryCount + growth, true);
+  });
+  ignoringFailure([&] {
+    ZipEntryList[row].name = firstCharacters(name.substr(0, name.find('\0')), longestName);
+  });
+  ignoringFailure([&] { ZipEntryList[row].size = size; });
   date.second = 0;
-  listed.date = dateTime(date);
+  ignoringFailure([&] { ZipEntryList[row].date = dateTime(date); });
   ++ZipEntryCount;
 }
 
@@ -45,14 +49,15 @@ void DLLMessage(const ArchiveEntry& entry) {
 void DLLPrnt(std::string_view bytes) {
   constexpr std::size_t longestText = 32800;
   const std::string_view text = bytes.substr(0, longestText);
-  ZipMessages += text.starts_with('\n') ? std::string_view("\r\n") : text;
+  ignoringFailure([&] { ZipMessages += text.starts_with('\n') ? std::string_view("\r\n") : text; });
 }
 
 // The password callback.
 int DLLPassword(std::span<char> buffer) {
   constexpr int nothingEntered = 1;
   if (ZipPasswordOff) return nothingEntered;
-  const std::string answer = dialogs().inputBox("Please Enter The Password!", "", "");
+  std::string answer;
+  ignoringFailure([&] { answer = dialogs().inputBox("Please Enter The Password!", "", ""); });
   if (answer.empty() || answer.size() >= buffer.size()) {
     ZipPasswordOff = true;
     return nothingEntered;
@@ -64,8 +69,12 @@ int DLLPassword(std::span<char> buffer) {
 
 // The overwrite callback.
 ReplaceAnswer DLLReplace(std::string_view name) {
-  switch (dialogs().messageBox("Overwrite " + std::string(name) + "?", Buttons::yesNoCancel,
-                               "Laipaplez - File Already Exists!", Icon::exclamation)) {
+  Answer answer = Answer::no;
+  ignoringFailure([&] {
+    answer = dialogs().messageBox("Overwrite " + std::string(name) + "?", Buttons::yesNoCancel,
+                                  "Laipaplez - File Already Exists!", Icon::exclamation);
+  });
+  switch (answer) {
     case Answer::no:
       return ReplaceAnswer::no;
     case Answer::cancel:
@@ -78,24 +87,15 @@ ReplaceAnswer DLLReplace(std::string_view name) {
 // The service callback, which tells the file in progress; nothing is done with it.
 void DLLServ(std::string_view /*name*/) {}
 
-// The library must not see a failure in a callback.
 class Callbacks : public ArchiveCallbacks {
  public:
-  void print(std::string_view bytes) override {
-    ignoringFailure([&] { DLLPrnt(bytes); });
-  }
-  ReplaceAnswer replace(std::string_view name) override {
-    ReplaceAnswer answer = ReplaceAnswer::no;
-    ignoringFailure([&] { answer = DLLReplace(name); });
-    return answer;
-  }
-  int password(std::span<char> buffer) override {
-    int result = 1;
-    ignoringFailure([&] { result = DLLPassword(buffer); });
-    return result;
-  }
+  void print(std::string_view bytes) override { DLLPrnt(bytes); }
+  ReplaceAnswer replace(std::string_view name) override { return DLLReplace(name); }
+  int password(std::span<char> buffer) override { return DLLPassword(buffer); }
+  // An entry of 2 GiB or more has no size to be listed with, as such a file of the disk.
   void message(const ArchiveEntry& entry) override {
-    ignoringFailure([&] { DLLMessage(entry); });
+    Int32 size;
+    if (ignoringFailure([&] { size = entry.size; }) == 0) DLLMessage(entry.name, size, entry.date);
   }
   void service(std::string_view name) override { DLLServ(name); }
 };
@@ -126,16 +126,6 @@ void forgetLastCall(Int32 room) {
   ZipMessages.clear();
   ZipEntryCount = 0;
   ZipEntryList.redim(room, false);
-}
-
-// The library takes brackets for a pattern otherwise.
-std::string withEscapedBrackets(std::string_view entry) {
-  std::string escaped;
-  for (const char c : entry) {
-    if (c == '[' || c == ']') escaped += '\\';
-    escaped += c;
-  }
-  return escaped;
 }
 
 bool isScanning() {
@@ -197,7 +187,7 @@ Int16 basZipExtract(std::string_view path, std::string& entry) {
   return procedure("basZipExtract", [&] {
     forgetLastCall(roomOfExtraction);
     ZipPasswordOff = true;
-    entry = withEscapedBrackets(entry);
+    entry = withEscapedBrackets(entry);  // The library takes them for a pattern otherwise.
     return basCallUnzip({&entry, 1}, extractionOptions(path));
   });
 }

@@ -9,6 +9,7 @@
 #include "core/modMain.h"
 #include "core/scanState.h"
 #include "core/text.h"
+#include "platform/platform.h"
 #include "testing/engineTest.h"
 
 namespace quernstoke {
@@ -113,6 +114,15 @@ TEST_F(ZipTest, DirectoryOfTheSameNameIsNoFolderOfTheArchive) {
   EXPECT_EQ(FileTable.FileDirNum[1], 3);
 }
 
+// Nor is one that a larger catalogue left behind the last row.
+TEST_F(ZipTest, RowBeyondTheLastDirectoryIsNoFolderOfTheArchive) {
+  DirTable.set(DirCount + 2, {"docs", dirKind::zipFolder, zipRow_});
+  pack({{"docs/a.txt", "1"}});
+  scan();
+  EXPECT_THAT(folders(), ElementsAre("docs@1"));
+  EXPECT_EQ(FileTable.FileDirNum[1], 2);
+}
+
 TEST_F(ZipTest, BothSizeLimitsAreInclusive) {
   MinSizeBytes = Int32(2);
   MaxSizeBytes = Int32(3);
@@ -151,6 +161,23 @@ TEST_F(ZipTest, ArchiveThatCannotBeListedIsPassedOverInSilence) {
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
+TEST_F(ZipTest, WhatADamagedArchiveListedIsTaken) {
+  archiveLibrary.duringCall = [](ArchiveCallbacks& callbacks) {
+    callbacks.message({"a.txt", 1, 0, {2004, 5, 6, 7, 8, 0}});
+  };
+  EXPECT_EQ(scan(), "");
+  EXPECT_THAT(fileNames(), ElementsAre("a.txt"));
+  EXPECT_EQ(basZipTOC(zip), "9");
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(ZipTest, EntryWithoutANameAddsTheRootAlone) {
+  pack({{"", "1"}});
+  scan();
+  EXPECT_THAT(folders(), ElementsAre("@1"));
+  EXPECT_EQ(FileCount, 0);
+}
+
 TEST_F(ZipTest, EntryTooLargeForASizeIsNotListed) {
   pack({{"large", "1"}, {"small", "1"}});
   archiveLibrary.contents[zip][0].claimedSize = 1ULL << 31;
@@ -175,6 +202,19 @@ INSTANTIATE_TEST_SUITE_P(NoScan, IdleZipTest,
                          testing::Values(runState::idle, runState::paused, runState::aborted,
                                          runState::finished));
 
+class BusyZipTest : public ZipTest, public testing::WithParamInterface<int> {};
+
+TEST_P(BusyZipTest, EntriesAreAddedWhileAScanRunsOrIsToEnd) {
+  RunState = GetParam();
+  pack({{"a.txt", "123"}});
+  EXPECT_EQ(scan(), "");
+  EXPECT_THAT(fileNames(), ElementsAre("a.txt"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Scans, BusyZipTest,
+                         testing::Values(runState::comparing, runState::pauseRequested,
+                                         runState::abortRequested, runState::buildingList));
+
 TEST_F(ZipTest, FirstEntryWithoutASizeIsNotTold) {
   RunState = runState::idle;
   pack({{"docs/", ""}, {"docs/a.txt", "123"}});
@@ -188,6 +228,14 @@ TEST_F(ZipTest, RowsAddedWithoutAScanAreTemporary) {
   basAddZipEntryToDatabase("docs/a.txt", 1, {}, zipRow_);
   EXPECT_EQ(FileTable.FileStatus[statusTemporary][1], 1);
   EXPECT_TRUE(DirTable[2].temporary);
+}
+
+// A file of a directory is looked for in the catalogue then.
+TEST_F(ZipTest, EntriesOfOneNameAreBothAddedWithoutAScanToo) {
+  RunState = runState::idle;
+  basAddZipEntryToDatabase("a.txt", 1, {}, zipRow_);
+  basAddZipEntryToDatabase("a.txt", 1, {}, zipRow_);
+  EXPECT_THAT(fileNames(), ElementsAre("a.txt", "a.txt"));
 }
 
 // A folder of the archive that came as an entry of its own.
@@ -234,11 +282,22 @@ TEST_F(ZipTest, ListGrowsByABlockOnceItIsFull) {
   EXPECT_EQ(ZipEntryList[129].name, "129");
 }
 
-TEST_F(ZipTest, NameEndsAtANulAndAfter256Bytes) {
-  pack({{std::string("a\0b", 3), "1"}, {std::string(300, 'x'), "1"}});
+TEST_F(ZipTest, NameEndsAtANulAndAfter256Characters) {
+  const auto repeated = [](const std::string& character, int times) {
+    std::string text;
+    for (int i = 0; i < times; ++i)
+      text += character;
+    return text;
+  };
+  pack({{std::string("a\0b", 3), "1"},
+        {repeated("x", 257), "1"},
+        {repeated("\xC3\xA9", 256), "1"},
+        {"x" + repeated("\xE2\x82\xAC", 300), "1"}});
   basZipTOC(zip);
   EXPECT_EQ(ZipEntryList[1].name, "a");
-  EXPECT_EQ(ZipEntryList[2].name, std::string(256, 'x'));
+  EXPECT_EQ(ZipEntryList[2].name, repeated("x", 256));
+  EXPECT_EQ(ZipEntryList[3].name, repeated("\xC3\xA9", 256));
+  EXPECT_EQ(ZipEntryList[4].name, "x" + repeated("\xE2\x82\xAC", 255));
 }
 
 TEST_F(ZipTest, ListingAsksForTheListAlone) {
@@ -303,11 +362,25 @@ TEST_F(ZipTest, EncryptedEntryFailsWithoutAQuestion) {
 }
 
 TEST_F(ZipTest, MessagesAreThoseOfTheLastCall) {
-  pack({{"secret", "1", {}, true}});
+  pack({{"secret", "1", {}, true}, {"a.txt", "1"}});
   std::string entry = "secret";
   basZipExtract(zip, entry);
   basZipTOC(zip);
   EXPECT_EQ(ZipMessages, "");
+
+  basZipExtract(zip, entry);
+  entry = "a.txt";
+  EXPECT_EQ(basZipExtract(zip, entry), 0);
+  EXPECT_EQ(ZipMessages, "");
+}
+
+TEST_F(ZipTest, ExtractionForgetsTheListing) {
+  pack({{"a.txt", "1"}});
+  basZipTOC(zip);
+  std::string entry = "a.txt";
+  basZipExtract(zip, entry);
+  EXPECT_EQ(ZipEntryCount, 0);
+  EXPECT_EQ(ZipEntryList[1].name, "");
 }
 
 // What the library may say and ask.
@@ -386,12 +459,35 @@ TEST_F(ZipCallbackTest, OverwritingIsAskedFor) {
   EXPECT_EQ(static_cast<int>(ReplaceAnswer::cancel), 104);
 }
 
-// The library must not see a failure of ours.
-TEST_F(ZipCallbackTest, EntryWithAnImpossibleDateIsNotListed) {
-  pack({{"a.txt", "1", {2004, 2, 30, 0, 0, 0}}, {"b.txt", "1"}});
+// The library must not see a failure of ours, and an entry that has a name and a size counts.
+TEST_F(ZipCallbackTest, EntryWithAnImpossibleDateIsListedWithoutIt) {
+  pack({{"a.txt", "12", {2004, 2, 30, 0, 0, 0}}, {"b.txt", "1"}});
   EXPECT_EQ(basZipTOC(zip), "0");
-  EXPECT_EQ(ZipEntryCount, 1);
-  EXPECT_EQ(ZipEntryList[1].name, "b.txt");
+  EXPECT_EQ(ZipEntryCount, 2);
+  EXPECT_EQ(ZipEntryList[1].name, "a.txt");
+  EXPECT_EQ(ZipEntryList[1].size, 2);
+  EXPECT_EQ(ZipEntryList[1].date, DateTime());
+  EXPECT_EQ(ZipEntryList[2].name, "b.txt");
+  EXPECT_EQ(scan(), "");
+  EXPECT_THAT(fileNames(), ElementsAre("a.txt", "b.txt"));
+}
+
+TEST_F(ZipCallbackTest, QuestionThatFailsIsAnsweredAsIfNothingHadBeenEntered) {
+  struct BrokenDialogs : ScriptedDialogs {
+    Answer messageBox(std::string_view, Buttons, std::string_view, Icon) override {
+      fail(FailureNumber::outOfMemory);
+    }
+    std::string inputBox(std::string_view, std::string_view, std::string_view) override {
+      fail(FailureNumber::outOfMemory);
+    }
+  } broken;
+  usePlatform({&disk, &archiveLibrary, &broken, &desk, &eventLoop, &clock, &locale, &mainWindow,
+               &statusWindow, &resultsWindow});
+  ReplaceAnswer answer = ReplaceAnswer::yes;
+  during([&](ArchiveCallbacks& callbacks) { answer = callbacks.replace("a.txt"); });
+  EXPECT_EQ(answer, ReplaceAnswer::no);
+  EXPECT_EQ(passwordGiven(), "none");
+  EXPECT_TRUE(ZipPasswordOff);
 }
 
 }  // namespace

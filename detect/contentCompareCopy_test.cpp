@@ -276,6 +276,20 @@ TEST_F(ContentOfZipEntryTest, EntryOfOneBlockInAnAddedRowIsComparedFromItsCopy) 
   EXPECT_EQ(compare(), 100);
 }
 
+TEST_F(ContentOfZipEntryTest, EntryOfOneBlockInAnAddedRowIsExtractedAndCompared) {
+  makeGroup({blocks("a"), blocks("a")});
+  makeEntryOf(secondary);
+  FileTable.FileLocalPos[localPosLowest][secondary] = 0;
+  FileTable.FileLocalPos[localPosHighest][secondary] = 0;
+  archiveLibrary.contents["C:\\d\\gone.zip"] = {{"in/b", blocks("a")}};
+  TempSpaceBudgetKB = 100;
+  TempFileCounter = 1;
+  EXPECT_EQ(compare(), 100);
+  EXPECT_EQ(FileTable.FileLocalName[secondary], copyA);
+  EXPECT_EQ(stateOf(secondary), normal);
+  EXPECT_THAT(readCounters(), ElementsAre(1, 1, 0));
+}
+
 TEST_F(ContentOfZipEntryTest, LongerEntryInAnAddedRowIsUnreadable) {
   makeGroup({blocks("ab"), blocks("ab")});
   makeEntryOf(secondary);

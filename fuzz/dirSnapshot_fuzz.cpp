@@ -27,7 +27,8 @@ bool load(StandIns& engine) {
   basLoadDirTable();
   // Of a damaged snapshot too: the profile selection makes rows for all that is counted.
   constexpr std::size_t farthestAhead = 1000000;
-  const Int32 most = engine.disk.content(path).size() + farthestAhead;
+  constexpr std::size_t growth = 1024;  // A number within the table as it grew is taken as well.
+  const Int32 most = engine.disk.content(path).size() + farthestAhead + growth;
   require(DirCount <= most, "the count of directories is in proportion to the snapshot");
   require(engine.dialogBoxes.messages.size() <= 1, "damage is told of once");
   const bool loaded = engine.dialogBoxes.messages.empty();

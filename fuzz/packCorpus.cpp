@@ -9,6 +9,7 @@
 #include <iterator>
 #include <string>
 
+#include "platform/linux/handMadeArchive.h"
 #include "platform/linux/packArchive.h"
 
 namespace quernstoke {
@@ -24,13 +25,16 @@ class Corpus {
     std::filesystem::remove(path(name));
     packArchive(path(name), entries, compressed);
   }
+  void write(const std::string& name, const std::string& bytes) {
+    std::ofstream(path(name), std::ios::binary) << bytes;
+  }
   // Another archive, made of the bytes of one that was packed.
   void damage(const std::string& from, const std::string& to,
               const std::function<void(std::string&)>& change) {
     std::ifstream in(path(from), std::ios::binary);
     std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
     change(bytes);
-    std::ofstream(path(to), std::ios::binary) << bytes;
+    write(to, bytes);
   }
 
  private:
@@ -71,6 +75,23 @@ void packAll(Corpus corpus) {
                 [](auto& bytes) { bytes[firstTold(bytes, toldSize)] = 1; });
   corpus.damage("deflated", "shorter-than-told",
                 [](auto& bytes) { bytes[firstTold(bytes, toldSize) + 1] = 100; });
+
+  constexpr std::uint64_t large = 5ULL << 32;
+  corpus.write("no-name", madeByHand({{"", "nameless"}, {"in/", ""}, {"in/a.txt", "alpha"}}));
+  corpus.write("large-before-small", madeByHand({{"a.txt", "1", 0x80000000U}, {"a.txt", "alpha"}}));
+  corpus.write("zip64-sizes", madeByHand({{"small.txt", "alpha", std::nullopt, true},
+                                          {"large.txt", "beta", large, true}}));
+  ArchiveByHand zip64;
+  zip64.add({"a.txt", "alpha"});
+  corpus.write("zip64-records", zip64.wholeAsZip64());
+  corpus.damage("zip64-records", "zip64-end-elsewhere", [](auto& bytes) {
+    constexpr std::size_t placeOfEnd = 8;
+    bytes[bytes.find("PK\x06\x07") + placeOfEnd] ^= 1;
+  });
+  corpus.damage("zip64-records", "zip64-too-many-entries", [](auto& bytes) {
+    constexpr std::size_t entries = 32;
+    bytes[bytes.find("PK\x06\x06") + entries + 3] = 1;
+  });
 }
 
 }  // namespace

@@ -1,16 +1,26 @@
-// The listing of a zip archive, and the extraction of the entries that it tells.
+// The listing of a zip archive, alone and into the catalogue, and the extraction of the entries
+// that it tells.
 
 #include <algorithm>
 #include <cstring>
 #include <filesystem>
+#include <limits>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "catalogue/dirTable.h"
+#include "catalogue/extensions.h"
+#include "catalogue/fileTable.h"
+#include "catalogue/modUnzip.h"
+#include "core/scanState.h"
 #include "fuzz/require.h"
 #include "platform/linux/pathMapping.h"
 #include "platform/linux/temporaryTree.h"
 #include "platform/linux/zipArchives.h"
+#include "platform/platform.h"
+#include "testing/standIns.h"
 
 namespace quernstoke {
 namespace {
@@ -39,13 +49,13 @@ class Callbacks : public ArchiveCallbacks {
   void service(std::string_view) override {}
 };
 
-std::string withEscapedBrackets(std::string_view name) {
-  std::string escaped;
-  for (const char c : name) {
-    if (c == '[' || c == ']') escaped += '\\';
-    escaped += c;
-  }
-  return escaped;
+constexpr std::uint64_t largestSize = std::numeric_limits<std::int32_t>::max();
+
+// No component of a name divides a path or breaks a record of the program.
+void requireNoPath(std::string_view name) {
+  for (const char c : name)
+    require(std::strchr("\\:*?\"<>|", c) == nullptr && static_cast<unsigned char>(c) >= ' ',
+            "a name holds no character of a path");
 }
 
 std::vector<fs::path> namesIn(const std::string& directory) {
@@ -68,11 +78,33 @@ class ArchiveInATree {
     constexpr std::size_t mostEntries = 16;
     const int result = run({}, 1);
     if (result != archiveOk) require(callbacks_.listed.empty(), "what can't be read lists nothing");
-    std::map<std::string, std::uint64_t> firstOfName;
-    for (const Listed& entry : callbacks_.listed)
-      if (firstOfName.size() < mostEntries) firstOfName.try_emplace(entry.name, entry.size);
-    for (const auto& [name, size] : firstOfName)
-      extract({name, size});
+    // Of entries of one name the first that has a size for the catalogue is meant.
+    std::map<std::string, std::optional<std::uint64_t>> sizes;
+    for (const auto& [name, size] : callbacks_.listed) {
+      if (sizes.size() == mostEntries && !sizes.contains(name)) continue;
+      std::optional<std::uint64_t>& first = sizes[name];
+      if (!first && size <= largestSize) first = size;
+    }
+    for (const auto& [name, size] : sizes)
+      extract(name, size);
+  }
+
+  void listIntoTheCatalogue() {
+    StandIns engine;
+    usePlatform({&engine.disk, &library_, &engine.dialogBoxes, &engine.desk, &engine.eventLoop,
+                 &engine.clock, &engine.locale, &engine.mainWindow, &engine.statusWindow,
+                 &engine.resultsWindow});
+    RunState = runState::buildingList;
+    MaxSizeBytes = Int32(largestSize);
+    basBuildExtensionList("*.*", ExtensionList);
+    basRedimFilesArrays(1, false);
+    DirTable.redim(1, false);
+    bool existed = false;
+    const std::string path = tree_.programPath("archive.zip");
+    const Int32 zipRow = basAddDirToList(path, dirKind::zipFile, noParent, existed);
+    require(basScanThisZip(path, zipRow).empty(), "a scan is told nothing");
+    require(engine.dialogBoxes.messages.empty(), "an archive is listed in silence");
+    requireEntries(zipRow);
   }
 
  private:
@@ -85,17 +117,33 @@ class ArchiveInATree {
     return library_.singleEntryUnzip(included, options, callbacks_);
   }
 
-  void extract(const Listed& entry) {
-    requireOneName(entry.name);
-    const int result = run({withEscapedBrackets(entry.name)}, 0);
-    const std::string bare = linuxName(entry.name.substr(entry.name.rfind('/') + 1));
+  void requireEntries(Int32 zipRow) const {
+    require(FileCount <= ZipEntryCount && ZipEntryCount <= Int32(callbacks_.listed.size()),
+            "no file is made up");
+    for (Int32 file = 1; file <= FileCount; ++file) {
+      const std::string_view name = FileTable.FileName[file];
+      require(!name.empty() && name.find('/') == name.npos, "a file has a bare name");
+      requireNoPath(name);
+      const DirRow& folder = DirTable[FileTable.FileDirNum[file]];
+      require(folder.kind == dirKind::zipFolder && folder.parent == zipRow,
+              "a file lies in a folder of its archive");
+      requireNoPath(folder.name);
+      require(FileTable.FileSize[file] >= 0, "a file has a size");
+    }
+  }
+
+  void extract(const std::string& name, std::optional<std::uint64_t> size) {
+    requireNoPath(name);
+    const int result = run({withEscapedBrackets(name)}, 0);
+    const std::string bare = linuxName(name.substr(name.rfind('/') + 1));
     const std::vector<fs::path> found = namesIn(tree_.path("out"));
     if (result == archiveOk) {
+      require(size.has_value(), "what is in no catalogue is not extracted");
       require(found == std::vector<fs::path>{bare},
               "an entry has its bare name and leaves no more");
       const fs::path file = tree_.path("out/" + bare);
       require(fs::is_regular_file(fs::symlink_status(file)), "an entry becomes a file");
-      require(fs::file_size(file) == entry.size, "an entry is as long as the archive tells");
+      require(fs::file_size(file) == *size, "an entry is as long as the archive tells");
       fs::remove(file);
     } else {
       require(found.empty(), "an entry that can't be extracted leaves nothing");
@@ -103,13 +151,6 @@ class ArchiveInATree {
     require(namesIn(tree_.root()) == std::vector<fs::path>{"archive.zip", "beside", "out"},
             "nothing is made outside the directory");
     require(tree_.content("beside") == "a person's own", "the files outside keep their content");
-  }
-
-  // No component of a name divides a path or breaks a record of the program.
-  static void requireOneName(const std::string& name) {
-    for (const char c : name)
-      require(std::strchr("\\:*?\"<>|", c) == nullptr && static_cast<unsigned char>(c) >= ' ',
-              "a name holds no character of a path");
   }
 
   TemporaryTree tree_;
@@ -121,6 +162,8 @@ class ArchiveInATree {
 }  // namespace quernstoke
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-  quernstoke::ArchiveInATree({data, data + size}).extractAll();
+  quernstoke::ArchiveInATree archive({data, data + size});
+  archive.extractAll();
+  archive.listIntoTheCatalogue();
   return 0;
 }

@@ -10,7 +10,8 @@
 
 namespace quernstoke {
 
-// What one run of the archive library is to do. Every number is a switch, 0 or 1.
+// What one run of the archive library is to do. Every number is a switch, 0 or 1. Of these a
+// library has to heed nvflag alone; the others say what the program always wants.
 struct ArchiveOptions {
   std::int32_t ExtractOnlyNewer = 0;
   std::int32_t SpaceToUnderscore = 0;
@@ -71,11 +72,16 @@ class Archives {
  public:
   virtual ~Archives() = default;
 
-  // Lists the archive, or extracts the entries that are named, as the options tell. In a name, "["
-  // and "]" have a backslash in front. An extraction writes a whole file into lpszExtractDir under
-  // the entry's bare name, never through a link, or leaves no file of that name.
+  // With nvflag lists the archive, else extracts the entries that are named. In a name, "[" and "]"
+  // have a backslash in front, and letter case counts. An extraction writes a whole file into
+  // lpszExtractDir under the entry's bare name, in the place of a file that is there, without a
+  // question and never through a link; or it fails and leaves what was there as it was.
   virtual int singleEntryUnzip(std::span<const std::string> included, const ArchiveOptions& options,
                                ArchiveCallbacks& callbacks) = 0;
 };
+
+// The name of an entry as an extraction takes it, and back as it stands in the archive.
+std::string withEscapedBrackets(std::string_view name);
+std::string withoutEscapedBrackets(std::string_view name);
 
 }  // namespace quernstoke

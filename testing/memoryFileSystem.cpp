@@ -162,8 +162,16 @@ MemoryFileSystem::~MemoryFileSystem() = default;
 
 void MemoryFileSystem::note(DiskAction action, std::string_view path, std::int64_t position,
                             OpenMode mode) {
-  calls.push_back({action, std::string(path), position, mode});
-  if (before) before(DiskCall(calls.back()));  // A copy, as the hook may forget the calls.
+  tellHook({action, std::string(path), position, mode});
+  failIfPlanned(action, path);
+}
+
+void MemoryFileSystem::tellHook(const DiskCall& call) {
+  calls.push_back(call);
+  if (before) before(call);
+}
+
+void MemoryFileSystem::failIfPlanned(DiskAction action, std::string_view path) {
   for (PlannedFailure& planned : planned_)
     if (planned.action == action && (planned.path.empty() || folded(planned.path) == folded(path)))
       if (--planned.nth == 0) fail(planned.number);
@@ -266,16 +274,33 @@ std::vector<std::string> MemoryFileSystem::names(std::string_view directory) con
   return result;
 }
 
+// Calls `visit` with each file and directory and its path.
+template <class Visit>
+void MemoryFileSystem::eachNode(Visit visit) const {
+  const std::function<void(const Node&, const std::string&)> visitBelow =
+      [&](const Node& directory, const std::string& path) {
+        for (const auto& child : directory.children) {
+          visit(*child, path + "\\" + child->name);
+          visitBelow(*child, path + "\\" + child->name);
+        }
+      };
+  for (const auto& [letter, root] : drives_)
+    visitBelow(*root, std::string(1, static_cast<char>(std::toupper(letter[0]))) + ":");
+}
+
 std::map<std::string, std::string> MemoryFileSystem::allFiles() const {
   std::map<std::string, std::string> result;
-  const std::function<void(const Node&, const std::string&)> visit = [&](const Node& node,
-                                                                         const std::string& path) {
+  eachNode([&](const Node& node, const std::string& path) {
     if (!node.isDirectory) result[path] = node.content;
-    for (const auto& child : node.children)
-      visit(*child, path + "\\" + child->name);
-  };
-  for (const auto& [letter, root] : drives_)
-    visit(*root, std::string(1, static_cast<char>(std::toupper(letter[0]))) + ":");
+  });
+  return result;
+}
+
+std::set<std::string> MemoryFileSystem::allDirectories() const {
+  std::set<std::string> result;
+  eachNode([&](const Node& node, const std::string& path) {
+    if (node.isDirectory) result.insert(path);
+  });
   return result;
 }
 
@@ -434,12 +459,23 @@ std::size_t MemoryFileSystem::read(FileNumber file, std::span<char> into) {
 
 void MemoryFileSystem::write(FileNumber file, std::string_view bytes) {
   OpenFile& to = opened(file);
-  note(DiskAction::write, to.path, static_cast<std::int64_t>(to.position));
-  if (to.mode == OpenMode::input || to.mode == OpenMode::sharedBinary)
-    fail(FailureNumber::pathFileAccess);
+  const bool canWrite = to.mode != OpenMode::input && to.mode != OpenMode::sharedBinary;
+  try {
+    tellHook({DiskAction::write, to.path, static_cast<std::int64_t>(to.position)});
+  } catch (...) {
+    // Not the half, which is often whole lines.
+    if (canWrite) put(to, bytes.substr(0, bytes.size() * 3 / 5));
+    throw;
+  }
+  failIfPlanned(DiskAction::write, to.path);
+  if (!canWrite) fail(FailureNumber::pathFileAccess);
   if (freeBytes && *freeBytes < static_cast<std::int64_t>(bytes.size()))
     fail(FailureNumber::diskFull);
   if (freeBytes) *freeBytes -= static_cast<std::int64_t>(bytes.size());
+  put(to, bytes);
+}
+
+void MemoryFileSystem::put(OpenFile& to, std::string_view bytes) {
   std::string& content = to.node->content;
   content.resize(std::max(content.size(), to.position + bytes.size()));
   content.replace(to.position, bytes.size(), bytes);

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,7 +51,8 @@ std::string describe(const DiskCall& call);  // In words, for a message of a tes
 
 // A disk in memory, with drive letters and backslashes, that answers as the real one does: names
 // are looked up without regard to case, directories keep the order in which entries were made.
-// A hook sees each call before it is carried out and may change the disk, or throw a Failure.
+// A hook sees each call before it is carried out and may change the disk, or throw a Failure. If it
+// breaks a write, a part is written; all else that fails changes nothing.
 class MemoryFileSystem : public FileSystem {
  public:
   MemoryFileSystem();
@@ -68,6 +70,7 @@ class MemoryFileSystem : public FileSystem {
   std::vector<std::string> names(std::string_view directory) const;
   // Every file with its content, by path.
   std::map<std::string, std::string> allFiles() const;
+  std::set<std::string> allDirectories() const;  // By path, the drives' own left out.
   int openFiles() const;
   std::vector<std::string> openPaths() const;
 
@@ -114,11 +117,16 @@ class MemoryFileSystem : public FileSystem {
 
   void note(DiskAction action, std::string_view path, std::int64_t position = 0,
             OpenMode mode = OpenMode::input);
+  void tellHook(const DiskCall& call);
+  void failIfPlanned(DiskAction action, std::string_view path);
   std::shared_ptr<Node> find(std::string_view path) const;
   std::shared_ptr<Node> need(std::string_view path, FailureNumber otherwise) const;
   std::shared_ptr<Node> needParent(std::string_view path) const;
   std::shared_ptr<Node> addFile(std::string_view path);
   OpenFile& opened(FileNumber file);
+  static void put(OpenFile& to, std::string_view bytes);
+  template <class Visit>
+  void eachNode(Visit visit) const;
 
   std::map<std::string, std::shared_ptr<Node>> drives_;  // By upper-case letter and colon.
   std::map<FileNumber, OpenFile> open_;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
+#include <utility>
 
 #include "testing/memoryFileSystem.h"
 
@@ -9,14 +11,21 @@ namespace quernstoke {
 
 namespace {
 
-std::string withEscapedBrackets(const std::string& name) {
-  std::string escaped;
-  for (const char c : name) {
-    if (c == '[' || c == ']') escaped += '\\';
-    escaped += c;
+// Is gone from the disk at the end of its life.
+struct WorkingFile {
+  MemoryFileSystem& disk;
+  std::string path;
+  FileNumber file = 0;
+
+  void close() { disk.close(std::exchange(file, 0)); }
+  ~WorkingFile() {
+    try {
+      if (file != 0) close();
+    } catch (const std::exception&) {
+    }
+    if (disk.exists(path)) disk.erase(path);
   }
-  return escaped;
-}
+};
 
 std::uint64_t sizeOf(const ScriptedEntry& entry) {
   return entry.claimedSize != 0 ? entry.claimedSize : entry.content.size();
@@ -40,18 +49,33 @@ int ScriptedArchives::singleEntryUnzip(std::span<const std::string> included,
 int ScriptedArchives::extract(const std::string& escaped, const ArchiveOptions& options,
                               ArchiveCallbacks& callbacks) {
   for (const ScriptedEntry& entry : contents[options.lpszZipFN]) {
-    if (withEscapedBrackets(entry.name) != escaped) continue;
+    if (entry.name != withoutEscapedBrackets(escaped)) continue;
     std::array<char, 16> password{};
     if (entry.encrypted && callbacks.password(password) != 0) {
       callbacks.print("   skipping: " + entry.name + "  incorrect password\n");
       return archiveBadPassword;
     }
-    const std::string bareName = entry.name.substr(entry.name.rfind('/') + 1);
-    disk_.file(options.lpszExtractDir + "\\" + bareName, entry.content);
-    return archiveOk;
+    return write(entry, options.lpszExtractDir, callbacks);
   }
   callbacks.print("caution: filename not matched:  " + escaped + "\n");
   return archiveNoMatchingEntry;
+}
+
+// As the real library, which writes a file under another name until it is whole.
+int ScriptedArchives::write(const ScriptedEntry& entry, const std::string& directory,
+                            ArchiveCallbacks& callbacks) {
+  const std::string bareName = entry.name.substr(entry.name.rfind('/') + 1);
+  WorkingFile working{disk_, directory + "\\TMP-extracting"};
+  try {
+    working.file = disk_.open(working.path, OpenMode::output);
+    disk_.write(working.file, entry.content);
+    working.close();
+  } catch (const Failure& failure) {
+    callbacks.print("  error:  cannot create " + entry.name + ": " + failure.description + "\n");
+    return archiveDiskFull;
+  }
+  disk_.file(directory + "\\" + bareName, entry.content);
+  return archiveOk;
 }
 
 }  // namespace quernstoke

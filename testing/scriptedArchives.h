@@ -22,7 +22,8 @@ struct ScriptedEntry {
   std::uint64_t claimedSize = 0;  // What a listing tells; that of the content unless set.
 };
 
-// Archives by their path; what is extracted goes to the disk in memory. Keeps what was asked.
+// Archives by their path; what is extracted goes to the disk in memory, which can fail at it. Keeps
+// what was asked.
 class ScriptedArchives : public Archives {
  public:
   explicit ScriptedArchives(MemoryFileSystem& disk) : disk_(disk) {}
@@ -43,6 +44,8 @@ class ScriptedArchives : public Archives {
  private:
   int extract(const std::string& escaped, const ArchiveOptions& options,
               ArchiveCallbacks& callbacks);
+
+  int write(const ScriptedEntry& entry, const std::string& directory, ArchiveCallbacks& callbacks);
 
   MemoryFileSystem& disk_;
 };

@@ -18,6 +18,7 @@
 #include "platform/linux/descriptor.h"
 #include "platform/linux/pathLookup.h"
 #include "platform/linux/systemCall.h"
+#include "platform/linux/zipSource.h"
 
 namespace quernstoke {
 
@@ -27,6 +28,11 @@ struct DiscardArchive {
   void operator()(zip_t* archive) const { zip_discard(archive); }
 };
 using Archive = std::unique_ptr<zip_t, DiscardArchive>;
+
+struct CloseAtEnd {
+  Descriptor& file;
+  ~CloseAtEnd() { file.reset(); }
+};
 
 struct CloseEntry {
   void operator()(zip_file_t* entry) const { zip_fclose(entry); }
@@ -48,11 +54,13 @@ Identity identityOf(const struct stat& facts) {
   return {facts.st_dev, facts.st_ino, facts.st_size, facts.st_mtim.tv_sec, facts.st_mtim.tv_nsec};
 }
 
-// Not blocking: a FIFO that has taken the archive's place must not make us wait for its writer.
-Descriptor openForReading(const std::string& path) {
+// Not blocking: a FIFO that has taken the place must not make us wait for its writer.
+Descriptor openForReading(const std::string& path, int flags = 0) {
   const Place place = locate(path);
+  if (!place.exists) return Descriptor();
   return Descriptor(outcomeOf([&] {
-    return ::openat(place.directory.get(), place.name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    return ::openat(place.directory.get(), place.name.c_str(),
+                    O_RDONLY | O_CLOEXEC | O_NONBLOCK | flags);
   }));
 }
 
@@ -74,17 +82,6 @@ ArchiveEntry describe(std::string_view name, const zip_stat_t& facts) {
   return entry;
 }
 
-// Takes the backslashes off that keep brackets from being a pattern.
-std::string withoutEscapes(std::string_view name) {
-  std::string plain;
-  for (std::size_t i = 0; i < name.size(); ++i) {
-    const bool escapes =
-        name[i] == '\\' && i + 1 < name.size() && (name[i + 1] == '[' || name[i + 1] == ']');
-    if (!escapes) plain += name[i];
-  }
-  return plain;
-}
-
 // The name of the file that an entry becomes; empty if no file can have it.
 std::string bareLinuxName(std::string_view name) {
   const std::string bare = linuxName(name.substr(name.rfind('/') + 1));  // npos + 1 is 0.
@@ -94,21 +91,22 @@ std::string bareLinuxName(std::string_view name) {
 }
 
 // A new file in a directory, under a name of its own until it is whole, so that nothing
-// half-written is ever found under the name that it is meant for.
+// half-written is ever found under the name that it is meant for. What is left of it when the
+// program is killed goes with the temp files, whose names begin alike, when the next scan starts.
 class NewFile {
  public:
   explicit NewFile(const Descriptor& directory)
-      : directory_(directory.get()),
-        workingName_(".quernstoke-extracting-" + std::to_string(::getpid())) {
+      : directory_(directory.get()), workingName_("TMP-extracting-" + std::to_string(::getpid())) {
     ::unlinkat(directory_, workingName_.c_str(), 0);  // Of a process that had our number.
     constexpr mode_t permissions = 0600;
     file_.reset(outcomeOf([&] {
       return ::openat(directory_, workingName_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
                       permissions);
     }));
+    isOurs_ = file_.isOpen();
   }
   ~NewFile() {
-    if (isOpen() && !kept_) ::unlinkat(directory_, workingName_.c_str(), 0);
+    if (isOurs_) ::unlinkat(directory_, workingName_.c_str(), 0);
   }
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
@@ -125,21 +123,24 @@ class NewFile {
     return true;
   }
 
-  // Gives the file its name, in the place of another file. Links and the like stay.
+  // Closes the file and gives it its name, in the place of another file. Links and the like stay.
   bool keepAs(const std::string& name) {
+    // Some file systems report only now that what was written had no room.
+    if (::close(file_.release()) != 0 && errno != EINTR) return false;
     struct stat facts;
     if (::fstatat(directory_, name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) == 0 &&
         !S_ISREG(facts.st_mode))
       return false;
-    kept_ = ::renameat(directory_, workingName_.c_str(), directory_, name.c_str()) == 0;
-    return kept_;
+    if (::renameat(directory_, workingName_.c_str(), directory_, name.c_str()) != 0) return false;
+    isOurs_ = false;
+    return true;
   }
 
  private:
   int directory_;
   std::string workingName_;
   Descriptor file_;
-  bool kept_ = false;
+  bool isOurs_ = false;
 };
 
 int copyEntry(zip_file_t* entry, zip_uint64_t size, NewFile& file, const std::string& name,
@@ -185,30 +186,32 @@ Entry openEntry(zip_t* archive, zip_uint64_t index, const zip_stat_t& facts,
 int writeEntry(zip_file_t* entry, zip_uint64_t size, const std::string& name,
                const std::string& target, const std::string& directory,
                ArchiveCallbacks& callbacks) {
-  const Descriptor place(
-      outcomeOf([&] { return ::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
-  NewFile file(place);
-  if (!file.isOpen()) {
+  const auto cannotCreate = [&] {
     callbacks.print("  error:  cannot create " + name + "\n");
     return archiveDiskFull;
-  }
+  };
+  const Descriptor place = openForReading(directory, O_DIRECTORY);
+  if (!place.isOpen()) return cannotCreate();
+  NewFile file(place);
+  if (!file.isOpen()) return cannotCreate();
   const int result = copyEntry(entry, size, file, name, callbacks);
   if (result != archiveOk) return result;
-  if (!file.keepAs(target)) {
-    callbacks.print("  error:  cannot create " + name + "\n");
-    return archiveDiskFull;
-  }
-  return archiveOk;
+  return file.keepAs(target) ? archiveOk : cannotCreate();
 }
 
 }  // namespace
 
 class ZipArchives::OpenArchive {
  public:
-  OpenArchive(Archive archive, const Identity& identity)
-      : archive_(std::move(archive)), identity_(identity) {}
+  OpenArchive(Descriptor file, const struct stat& facts)
+      : identity_(identityOf(facts)), source_(facts.st_size) {
+    source_.file = std::move(file);
+    archive_.reset(source_.openArchive());
+  }
 
+  bool isArchive() const { return archive_ != nullptr; }
   const Identity& identity() const { return identity_; }
+  Descriptor& file() { return source_.file; }
 
   void list(ArchiveCallbacks& callbacks) const {
     for (zip_uint64_t index = 0; index < count(); ++index) {
@@ -269,8 +272,9 @@ class ZipArchives::OpenArchive {
     return found == indexOfName_.end() ? std::nullopt : std::optional(found->second);
   }
 
-  Archive archive_;
   Identity identity_;
+  ZipSource source_;
+  Archive archive_;
   std::unordered_map<std::string, zip_uint64_t> indexOfName_;  // Empty until one is looked for.
 };
 
@@ -278,19 +282,19 @@ ZipArchives::ZipArchives(DriveTable drives) : drives_(std::move(drives)) {}
 
 ZipArchives::~ZipArchives() = default;
 
-// Null if there is no archive that can be read.
+// Null if there is no archive that can be read. Else its file is open until someone closes it.
 ZipArchives::OpenArchive* ZipArchives::open(const std::string& programPath) {
   Descriptor file = openForReading(drives_.linuxPath(programPath));
   struct stat facts;
   const bool isFile = file.isOpen() && ::fstat(file.get(), &facts) == 0 && S_ISREG(facts.st_mode);
-  if (isFile && last_ && last_->identity() == identityOf(facts)) return last_.get();
+  if (isFile && last_ && last_->identity() == identityOf(facts)) {
+    last_->file() = std::move(file);
+    return last_.get();
+  }
   last_.reset();
   if (!isFile) return nullptr;
-  int error = 0;
-  Archive archive(zip_fdopen(file.get(), 0, &error));
-  if (!archive) return nullptr;
-  file.release();  // The library has taken it over.
-  last_ = std::make_unique<OpenArchive>(std::move(archive), identityOf(facts));
+  last_ = std::make_unique<OpenArchive>(std::move(file), facts);
+  if (!last_->isArchive()) last_.reset();
   return last_.get();
 }
 
@@ -302,14 +306,15 @@ int ZipArchives::singleEntryUnzip(std::span<const std::string> included,
       callbacks.print("error:  cannot find or open " + options.lpszZipFN + "\n");
       return archiveNotFound;
     }
+    const CloseAtEnd closing{archive->file()};
     if (options.nvflag != 0) {
       archive->list(callbacks);
       return archiveOk;
     }
-    const std::string directory = locate(drives_.linuxPath(options.lpszExtractDir)).path;
+    const std::string directory = drives_.linuxPath(options.lpszExtractDir);
     int result = archiveOk;
     for (const std::string& name : included) {
-      const int one = archive->extract(withoutEscapes(name), directory, callbacks);
+      const int one = archive->extract(withoutEscapedBrackets(name), directory, callbacks);
       if (one != archiveOk) result = one;
     }
     return result;

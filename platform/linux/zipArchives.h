@@ -11,7 +11,8 @@ namespace quernstoke {
 
 // Zip archives, read by libzip. Entry names come out as text whatever the archive's encoding, each
 // component as the program's names are, so that none can be taken for a path or break a record.
-// The archive used last stays open, as its entries are mostly asked for one after the other.
+// The directory of the archive used last is remembered, as its entries are mostly asked for one
+// after the other. Its file is open only during a call, so that nothing keeps a medium in use.
 class ZipArchives final : public Archives {
  public:
   explicit ZipArchives(DriveTable drives = DriveTable::fromEnvironment());

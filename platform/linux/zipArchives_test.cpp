@@ -1,14 +1,34 @@
 #include "platform/linux/zipArchives.h"
 
+#include <cerrno>
 #include <csignal>
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
 #include <sys/resource.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <vector>
 
+#include "platform/linux/handMadeArchive.h"
 #include "platform/linux/packArchive.h"
 #include "platform/linux/temporaryTree.h"
+#include "platform/wildcards.h"
+
+namespace {
+bool closingFails = false;
+}  // namespace
+
+// In the place of the system's, as no disk of a test would fail here.
+extern "C" int close(int file) {
+  const bool isWritten = (::fcntl(file, F_GETFL) & O_ACCMODE) == O_WRONLY;
+  const int result = static_cast<int>(::syscall(SYS_close, file));
+  if (!closingFails || !isWritten || result != 0) return result;
+  errno = EDQUOT;
+  return -1;
+}
 
 namespace quernstoke {
 namespace {
@@ -48,14 +68,8 @@ class ZipArchivesTest : public testing::Test {
   void packed(const std::vector<Packed>& entries) const {
     packArchive(tree.path("a.zip"), entries);
   }
-  // Replaces the n-th occurrence, from 1, of some bytes of the archive.
-  void patch(const std::string& what, const std::string& with, int nth = 1) const {
-    std::string bytes = tree.content("a.zip");
-    std::size_t at = bytes.find(what);
-    for (int i = 1; i < nth && at != std::string::npos; ++i)
-      at = bytes.find(what, at + 1);
-    ASSERT_NE(at, std::string::npos);
-    tree.file("a.zip", bytes.replace(at, with.size(), with));
+  void byHand(const std::vector<HandMade>& entries) const {
+    tree.file("a.zip", madeByHand(entries));
   }
 
   int list(const std::string& name = "a.zip") {
@@ -77,19 +91,21 @@ class ZipArchivesTest : public testing::Test {
       names.push_back(entry.path().filename());
     return names;
   }
+  // What the process has open in the tree.
+  std::vector<std::string> openFiles() const {
+    std::vector<std::string> open;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+      std::error_code ignored;
+      const std::string path = std::filesystem::read_symlink(entry.path(), ignored);
+      if (path.starts_with(tree.root())) open.push_back(path);
+    }
+    return open;
+  }
 
   TemporaryTree tree;
   ZipArchives archives{DriveTable()};
   Answers answers;
 };
-
-// Little-endian, as archives have them.
-std::string bytesOf(std::uint64_t value, int count) {
-  std::string bytes;
-  for (int i = 0; i < count; ++i)
-    bytes += static_cast<char>((value >> (8 * i)) & 0xFF);
-  return bytes;
-}
 
 // Listings.
 
@@ -134,13 +150,44 @@ TEST_F(ZipArchivesTest, MoreEntriesThanAnOldArchiveCanCountAreListed) {
 }
 
 TEST_F(ZipArchivesTest, SizeOfTwoGibibytesAndMoreIsToldAsItIs) {
-  packed({{"a.txt", "1"}});
-  constexpr int sizeInDirectory = 24;
-  std::string bytes = tree.content("a.zip");
-  bytes.replace(bytes.find("PK\x01\x02") + sizeInDirectory, 4, bytesOf(0xF0000000U, 4));
-  tree.file("a.zip", bytes);
+  byHand({{"a.txt", "1", 0xF0000000U}});
   list();
   EXPECT_EQ(answers.entries.at(0).size, 0xF0000000U);
+}
+
+// Programs that write while they read use the extra field for any size.
+TEST_F(ZipArchivesTest, SizesInTheExtraFieldAreThoseOfTheEntry) {
+  constexpr std::uint64_t large = 5ULL << 32;
+  byHand({{"small.txt", "123", {}, true}, {"large.txt", "1", large, true}});
+  EXPECT_EQ(list(), archiveOk);
+  EXPECT_EQ(answers.entries.at(0).size, 3U);
+  EXPECT_EQ(answers.entries.at(0).compressedSize, 3U);
+  EXPECT_EQ(answers.entries.at(1).size, large);
+  EXPECT_EQ(extract("small.txt"), archiveOk);
+  EXPECT_EQ(tree.content("out/small.txt"), "123");
+  EXPECT_EQ(extract("large.txt"), archiveNoMatchingEntry);
+}
+
+TEST_F(ZipArchivesTest, EntryWithoutANameIsListedAndNotExtracted) {
+  byHand({{"", "12"}, {"b.txt", "1"}});
+  EXPECT_EQ(list(), archiveOk);
+  EXPECT_THAT(answers.names, ElementsAre("", "b.txt"));
+  EXPECT_EQ(answers.entries[0].size, 2U);
+  EXPECT_EQ(extract(""), archiveNoMatchingEntry);
+  EXPECT_THAT(answers.said, HasSubstr("no file can have this name"));
+  EXPECT_THAT(namesIn("out"), IsEmpty());
+}
+
+// Else a medium could not be taken out after a scan.
+TEST_F(ZipArchivesTest, NothingStaysOpenAfterACall) {
+  packed({{"a.txt", "1"}, {"b.txt", std::string(10, 'x')}});
+  list();
+  EXPECT_THAT(openFiles(), IsEmpty());
+  for (const char* entry : {"a.txt", "b.txt", "gone.txt"}) {
+    extract(entry);
+    EXPECT_THAT(openFiles(), IsEmpty()) << entry;
+  }
+  EXPECT_EQ(tree.content("out/b.txt"), std::string(10, 'x'));
 }
 
 TEST_F(ZipArchivesTest, LetterCaseOfTheArchivesPathDoesNotCount) {
@@ -179,20 +226,58 @@ TEST_F(ZipArchivesTest, TruncatedArchiveListsNothing) {
   EXPECT_THAT(answers.names, IsEmpty());
 }
 
+class DamagedArchiveTest : public ZipArchivesTest {
+ protected:
+  // Tries an archive with each byte from some place on damaged. Nothing is made but the entry, and
+  // that whole.
+  void expectHarmless(const std::string& whole, const std::string& from) {
+    int extractions = 0;
+    for (std::size_t at = whole.find(from); at < whole.size(); ++at)
+      for (const char byte : {'\0', '\x7F', '\xFF'}) {
+        SCOPED_TRACE(at);
+        std::string damaged = whole;
+        damaged[at] = byte;
+        tree.file("a.zip", damaged);
+        list();
+        if (extract("a.txt") == archiveOk) {
+          ++extractions;
+          EXPECT_EQ(tree.content("out/a.txt"), "12345678");
+          std::filesystem::remove(tree.path("out/a.txt"));
+        }
+        EXPECT_THAT(namesIn("out"), IsEmpty());
+        EXPECT_THAT(namesIn("."), UnorderedElementsAre("a.zip", "out"));
+        EXPECT_EQ(tree.content("a.zip"), damaged);
+      }
+    EXPECT_GT(extractions, 0);
+  }
+};
+
 // Whatever the bytes of the directory say, reading them does no harm.
-TEST_F(ZipArchivesTest, DamagedDirectoryIsHarmless) {
+TEST_F(DamagedArchiveTest, DamagedDirectoryIsHarmless) {
   packed({{"a.txt", "12345678"}, {"b.txt", "1"}});
-  const std::string whole = tree.content("a.zip");
-  for (std::size_t at = whole.find("PK\x01\x02"); at < whole.size(); ++at)
-    for (const char byte : {'\0', '\x7F', '\xFF'}) {
-      std::string damaged = whole;
-      damaged[at] = byte;
-      tree.file("a.zip", damaged);
-      list();
-      extract("a.txt");
-      for (const std::string& name : namesIn("out"))
-        EXPECT_EQ(name, "a.txt");
-    }
+  expectHarmless(tree.content("a.zip"), "PK\x01\x02");
+}
+
+TEST_F(DamagedArchiveTest, DamagedRecordsOfALargeArchiveAreHarmless) {
+  ArchiveByHand archive;
+  archive.add({"a.txt", "12345678", {}, true});
+  tree.file("a.zip", archive.wholeAsZip64());
+  EXPECT_EQ(list(), archiveOk);
+  EXPECT_THAT(answers.names, ElementsAre("a.txt"));
+  expectHarmless(archive.wholeAsZip64(), "PK\x01\x02");
+}
+
+TEST_F(DamagedArchiveTest, LargeArchiveWhoseRecordsCannotBeFoundListsNothing) {
+  ArchiveByHand archive;
+  archive.add({"a.txt", "1"});
+  const std::string whole = archive.wholeAsZip64();
+  for (const char* record : {"PK\x06\x06", "PK\x06\x07"}) {
+    std::string damaged = whole;
+    damaged[damaged.find(record)] = 'X';
+    tree.file("a.zip", damaged);
+    EXPECT_EQ(list(), archiveNotFound);
+  }
+  EXPECT_THAT(answers.names, IsEmpty());
 }
 
 // Extractions.
@@ -287,6 +372,17 @@ TEST_F(ZipArchivesTest, NameThatLeadsElsewhereLandsInTheDirectoryAllTheSame) {
   EXPECT_THAT(namesIn("."), UnorderedElementsAre("a.zip", "out"));
 }
 
+TEST_F(ZipArchivesTest, NameWithADriveLandsInTheDirectoryAllTheSame) {
+  packed({{"C:\\a.txt", "1"}, {"C:/x/b.txt", "2"}, {"C:c.txt", "3"}});
+  list();
+  for (const std::string& name : answers.names)
+    EXPECT_EQ(extract(name), archiveOk) << name;
+  EXPECT_THAT(namesIn("out"), UnorderedElementsAre("C:\\a.txt", "b.txt", "C:c.txt"));
+  EXPECT_EQ(tree.content("out/C:\\a.txt"), "1");
+  EXPECT_EQ(tree.content("out/b.txt"), "2");
+  EXPECT_THAT(namesIn("."), UnorderedElementsAre("a.zip", "out"));
+}
+
 TEST_F(ZipArchivesTest, NameThatNoFileCanHaveIsSkipped) {
   const std::string tooLong(300, 'x');
   packed({{"..", "1"}, {"a/.", "2"}, {tooLong, "3"}, {"folder/", ""}});
@@ -310,14 +406,17 @@ TEST_F(ZipArchivesTest, LinkOfThatNameStaysAndIsNotFollowed) {
   EXPECT_FALSE(tree.exists("gone"));
 }
 
-// Of two entries of one name, the one that is in the catalogue is meant.
 TEST_F(ZipArchivesTest, EntryOfTwoGibibytesAndMoreIsNotExtracted) {
-  packed({{"a.txt", "1"}});
-  constexpr int sizeInDirectory = 24;
-  std::string bytes = tree.content("a.zip");
-  bytes.replace(bytes.find("PK\x01\x02") + sizeInDirectory, 4, bytesOf(0x80000000U, 4));
-  tree.file("a.zip", bytes);
+  byHand({{"a.txt", "1", 0x80000000U}});
   EXPECT_EQ(extract("a.txt"), archiveNoMatchingEntry);
+  EXPECT_THAT(namesIn("out"), IsEmpty());
+}
+
+// The one that is in the catalogue is meant.
+TEST_F(ZipArchivesTest, OfTwoEntriesOfOneNameTheFirstOfALesserSizeIsExtracted) {
+  byHand({{"a.txt", "1", 0x80000000U}, {"a.txt", "second"}, {"a.txt", "third"}});
+  EXPECT_EQ(extract("a.txt"), archiveOk);
+  EXPECT_EQ(tree.content("out/a.txt"), "second");
 }
 
 TEST_F(ZipArchivesTest, DirectoryOfThatNameStays) {
@@ -329,8 +428,8 @@ TEST_F(ZipArchivesTest, DirectoryOfThatNameStays) {
 }
 
 TEST_F(ZipArchivesTest, DamagedContentLeavesNothingAndTheOldFileAlone) {
-  packArchive(tree.path("a.zip"), {{"a.txt", "12345678"}}, false);
-  patch("12345678", "12345679");
+  std::string bytes = madeByHand({{"a.txt", "12345678"}});
+  tree.file("a.zip", bytes.replace(bytes.find("12345678"), 8, "12345679"));
   tree.file("out/a.txt", "old");
   EXPECT_EQ(extract("a.txt"), archiveDamaged);
   EXPECT_THAT(answers.said, HasSubstr("a.txt is damaged"));
@@ -380,11 +479,79 @@ TEST_F(ZipArchivesTest, FullDiskLeavesNothing) {
   EXPECT_THAT(namesIn("out"), IsEmpty());
 }
 
-TEST_F(ZipArchivesTest, DirectoryThatCannotBeWrittenIsAFailedExtraction) {
-  packed({{"a.txt", "1"}});
-  EXPECT_EQ(extract("a.txt", "gone"), archiveDiskFull);
+// As a file server does that has no room.
+TEST_F(ZipArchivesTest, FailureAtTheCloseLeavesNothingAndTheOldFileAlone) {
+  packed({{"a.txt", "new"}});
+  tree.file("out/a.txt", "old");
+  closingFails = true;
+  EXPECT_EQ(extract("a.txt"), archiveDiskFull);
+  closingFails = false;
   EXPECT_THAT(answers.said, HasSubstr("cannot create a.txt"));
-  EXPECT_FALSE(tree.exists("gone"));
+  EXPECT_EQ(tree.content("out/a.txt"), "old");
+  EXPECT_THAT(namesIn("out"), ElementsAre("a.txt"));
+}
+
+// A file in the directory above may have the entry's name.
+TEST_F(ZipArchivesTest, DirectoryThatIsNotThereIsAFailedExtraction) {
+  packed({{"a.txt", "1"}});
+  tree.file("a.txt", "a person's own");
+  tree.file("file");
+  for (const char* directory : {"gone", "gone/temp", "out/gone/temp", "file", "file/temp"}) {
+    EXPECT_EQ(extract("a.txt", directory), archiveDiskFull) << directory;
+    EXPECT_EQ(answers.said, "  error:  cannot create a.txt\n") << directory;
+    answers.said.clear();
+  }
+  EXPECT_EQ(tree.content("a.txt"), "a person's own");
+  EXPECT_THAT(namesIn("."), UnorderedElementsAre("a.txt", "a.zip", "file", "out"));
+  EXPECT_THAT(namesIn("out"), IsEmpty());
+}
+
+// The file as it is before it is whole.
+
+class WorkingFileTest : public ZipArchivesTest {
+ protected:
+  const std::string workingName = "TMP-extracting-" + std::to_string(::getpid());
+};
+
+TEST_F(WorkingFileTest, WhatIsThereUnderItsNameIsReplacedAndNotFollowed) {
+  packed({{"a.txt", "new"}});
+  tree.file("precious", "precious");
+  tree.link("out/" + workingName, tree.path("precious"));
+  EXPECT_EQ(extract("a.txt"), archiveOk);
+  tree.file("out/" + workingName, "longer than the entry");
+  EXPECT_EQ(extract("a.txt"), archiveOk);
+  EXPECT_EQ(tree.content("out/a.txt"), "new");
+  EXPECT_TRUE(
+      std::filesystem::is_regular_file(std::filesystem::symlink_status(tree.path("out/a.txt"))));
+  EXPECT_THAT(namesIn("out"), ElementsAre("a.txt"));
+  EXPECT_EQ(tree.content("precious"), "precious");
+}
+
+TEST_F(WorkingFileTest, DirectoryOfItsNameIsAFailedExtraction) {
+  packed({{"a.txt", "new"}});
+  tree.directory("out/" + workingName);
+  EXPECT_EQ(extract("a.txt"), archiveDiskFull);
+  EXPECT_THAT(namesIn("out"), ElementsAre(workingName));
+}
+
+// What a scan clears of temp files when it starts.
+TEST_F(WorkingFileTest, WhatAKilledProgramLeavesHasTheNameOfATempFile) {
+  packed({{"a.txt", std::string(1'000'000, 'x')}});
+  const pid_t child = ::fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    const SmallDisk disk(100'000);
+    std::signal(SIGXFSZ, SIG_DFL);
+    extract("a.txt");
+    ::_exit(0);
+  }
+  int status = 0;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  ASSERT_TRUE(WIFSIGNALED(status));
+  const std::vector<std::string> left = namesIn("out");
+  ASSERT_EQ(left.size(), 1U);
+  EXPECT_TRUE(matchesWildcards(left[0], "TMP*.*")) << left[0];
+  EXPECT_NE(left[0], "a.txt");
 }
 
 }  // namespace
