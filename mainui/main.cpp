@@ -8,6 +8,7 @@
 #include "controls/form.h"
 #include "core/modMain.h"
 #include "export/frmExportResults.h"
+#include "mainui/frmDirParent.h"
 #include "mainui/frmGetDirName.h"
 #include "mainui/frmMainWindow.h"
 #include "mainui/frmSplashScreen.h"
@@ -94,12 +95,13 @@ int run(int argc, char** argv) {
   modalForms.frmSplashScreen = [] { (new forms::frmSplashScreen)->showModal(); };
   modalForms.frmGetDirName = [] { (new forms::frmGetDirName)->showModal(); };
   modalForms.frmExportResults = [] { (new forms::frmExportResults)->showModal(); };
+  modalForms.frmDirParent = [] { (new forms::frmDirParent)->showModal(); };
   modalForms.frmDirTree = [&] { chooseDirectory(drives); };
   modalForms.frmAddFileType = [&] {
     quernstoke::dialogs().messageBox("File types can't be edited yet");
   };
-  modalForms.frmExportResults = [] {
-    quernstoke::dialogs().messageBox("Results can't be exported yet");
+  modalForms.frmDirMatch = [] {
+    quernstoke::dialogs().messageBox("Directories can't be compared yet");
   };
   Main();
   const int status = QApplication::exec();
