@@ -60,8 +60,7 @@ void showStatus(const std::string& text) {
   frmScanStatus().refresh();
 }
 
-// A copy: the table moves while it grows.
-void walk(std::string directory) {
+void walk(const std::string& directory) {
   showStatus("Scanning directory  " + directory);
   Int32 row = noParent;
   basScanThisDirectory(directory, row);
@@ -85,8 +84,10 @@ void walkBoth(const std::array<Int32, 2>& directories) {
   prepareWalk();
   const Int32 lastFile = FileCount;
   const Int32 lastDirectory = DirCount;
-  for (const Int32 number : directories)
-    walk(DirTable[number].name);
+  for (const Int32 number : directories) {
+    const std::string name = DirTable[number].name;  // A copy: the table moves while it grows.
+    walk(name);
+  }
   markTemporaryBehind(lastFile, lastDirectory);
   showStatus("Compiling files list...");
 }
