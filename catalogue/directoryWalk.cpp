@@ -160,6 +160,16 @@ void enterPending(const PendingRows& pending, Int32& row) {
 
 }  // namespace
 
+void prepareWalk() {
+  constexpr int readOnlyDirectoryAndArchive =
+      attributeReadOnly | attributeDirectory | attributeArchive;
+  MinSizeBytes = basConvertSize(ProfileSettings.MinimumSize, ProfileSettings.MinimumSizeMeasure);
+  MaxSizeBytes = basConvertSize(ProfileSettings.MaximumSize, ProfileSettings.MaximumSizeMeasure);
+  ScanAttributes = readOnlyDirectoryAndArchive +
+                   (ProfileSettings.ScanHiddenFiles ? attributeHidden : 0) +
+                   (ProfileSettings.ScanSystemFiles ? attributeSystem : 0);
+}
+
 void basBuildDirectoryList() {
   procedure("basBuildDirectoryList", [&] {
     basUpdateStatusFields("Building file list...  ", -1, 0);

@@ -6,6 +6,9 @@
 
 namespace quernstoke {
 
+// Takes the limits of size and the attributes of a walk from the profile.
+void prepareWalk();
+
 // Fills FileTable and DirTable from the directories that the profile includes.
 void basBuildDirectoryList();
 

@@ -79,6 +79,12 @@ std::string basGetDirnameFromFilenum(Int32 file) {
   });
 }
 
+const std::string& containerDirectory(Int32 file) {
+  const DirRow& directory = DirTable[FileTable.FileDirNum[file]];
+  if (directory.kind != dirKind::zipFolder) return directory.name;
+  return DirTable[DirTable[directory.parent].parent].name;
+}
+
 void copyFileRow(Int32 from, Int32 to) {
   FileTable.FileSize[to] = FileTable.FileSize[from];
   FileTable.FileDate[to] = FileTable.FileDate[from];

@@ -71,6 +71,9 @@ Int32 basAddFileToList(std::string_view name, Int32 directory, Int32 size, DateT
 // folder in it.
 std::string basGetDirnameFromFilenum(Int32 file);
 
+// The directory on disk that holds a file; for a zip entry, the one that holds the archive.
+const std::string& containerDirectory(Int32 file);
+
 // Makes row `to` a copy of row `from`, but for the local copy, which stays with its row.
 void copyFileRow(Int32 from, Int32 to);
 

@@ -57,19 +57,13 @@ bool criteriaHold(char letter) {
 }
 
 void prepareScan() {
-  constexpr int readOnlyDirectoryAndArchive =
-      attributeReadOnly | attributeDirectory | attributeArchive;
   constexpr int secondsOfFirstEstimate = 5 * 60;
   const DateTime now = systemClock().now();
   ScanStartTime = now;
   EstimatedEndTime = {now.seconds + secondsOfFirstEstimate};
-  MinSizeBytes = basConvertSize(ProfileSettings.MinimumSize, ProfileSettings.MinimumSizeMeasure);
-  MaxSizeBytes = basConvertSize(ProfileSettings.MaximumSize, ProfileSettings.MaximumSizeMeasure);
+  prepareWalk();
   CurrentMatchNum = ProfileSettings.MatchNum;
   ActualReads = LocalReads = BufferReads = 0;
-  ScanAttributes = readOnlyDirectoryAndArchive +
-                   (ProfileSettings.ScanHiddenFiles ? attributeHidden : 0) +
-                   (ProfileSettings.ScanSystemFiles ? attributeSystem : 0);
   LocalCopyActive = ProfileSettings.SlowNetwork && GlobalSettings.TransferFileLocally;
   ContentPercentLimit = ProfileSettings.ContentMatchingPercent;
   TempFileCounter = 1;

@@ -185,17 +185,6 @@ void frmGetDirName::cmdCancel_Click() {
   unload();
 }
 
-// The slot of the entry; when one is added the first free one, for which the table may grow.
-Int32 frmGetDirName::slotToWrite() {
-  if (!addMode_) return editRow_;
-  constexpr int growth = 65;
-  Int32 slot = 1;
-  while (slot <= ProfileDirList.upperBound() && !ProfileDirList[slot].Dir.empty())
-    ++slot;
-  if (slot > ProfileDirList.upperBound()) ProfileDirList.redim(slot + growth, true);
-  return slot;
-}
-
 // The row of the file types chosen, or what was typed.
 std::string frmGetDirName::fileTypesToSave() {
   const QComboBox& types = *ui_->cboFileTypeList;
@@ -209,7 +198,7 @@ std::string frmGetDirName::fileTypesToSave() {
 
 void frmGetDirName::basSaveValues() {
   procedure("basSaveValues", [this] {
-    const Int32 slot = slotToWrite();
+    const Int32 slot = addMode_ ? firstFreeDirSlot() : editRow_;
     DirSpec& spec = ProfileDirList[slot];
     spec.Dir = enteredText(txtDirectory_[0]->text());
     spec.RecurseSubDirs = ui_->chkScanSubdir->isChecked();

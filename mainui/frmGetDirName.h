@@ -41,7 +41,6 @@ class frmGetDirName : public Form {
   void selectOption(int option);
   void showFileTypes(const std::string& extensions);
   bool directoryExists(int index);
-  Int32 slotToWrite();
   std::string fileTypesToSave();
 
   std::unique_ptr<Ui::frmGetDirName> ui_;

@@ -7,6 +7,7 @@
 #include "controls/form.h"
 #include "core/modMain.h"
 #include "export/frmExportResults.h"
+#include "mainui/frmDirParent.h"
 #include "mainui/frmGetDirName.h"
 #include "mainui/frmMainWindow.h"
 #include "mainui/frmSplashScreen.h"
@@ -69,6 +70,7 @@ int run(int argc, char** argv) {
   modalForms.frmSplashScreen = [] { (new forms::frmSplashScreen)->showModal(); };
   modalForms.frmGetDirName = [] { (new forms::frmGetDirName)->showModal(); };
   modalForms.frmExportResults = [] { (new forms::frmExportResults)->showModal(); };
+  modalForms.frmDirParent = [] { (new forms::frmDirParent)->showModal(); };
   modalForms.frmDirTree = [&] { chooseDirectory(drives); };
   modalForms.frmAddFileType = [&] {
     quernstoke::dialogs().messageBox("File types can't be edited yet");

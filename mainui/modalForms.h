@@ -15,8 +15,10 @@ extern Int32 DialogValue2;
 // Shows each of the small dialogs and returns when it is closed. The executable fills them in.
 struct ModalForms {
   std::function<void()> frmAddFileType;
+  std::function<void()> frmDirParent;
   std::function<void()> frmDirTree;
   std::function<void()> frmExportResults;
+  std::function<void()> frmDirMatch;
   std::function<void()> frmGetDirName;
   std::function<void()> frmSplashScreen;
 };

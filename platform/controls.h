@@ -34,6 +34,18 @@ class PictureButtonControl : public TaggedControl {
   virtual void setPicture(std::string_view key) = 0;
 };
 
+class MenuItemControl : public TaggedControl {
+ public:
+  virtual void setCaption(std::string_view caption) = 0;
+};
+
+// A button that stands for a directory once one was picked.
+class DirectoryButtonControl : public TaggedControl {
+ public:
+  virtual void setToolTip(std::string_view text) = 0;
+  virtual void setBold(bool bold) = 0;
+};
+
 // A vertical scroll bar. Whoever moves it, its change is told as one; the tag says whether the
 // program itself is moving it.
 class ScrollBarControl : public TaggedControl {

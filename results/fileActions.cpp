@@ -122,11 +122,6 @@ void focusIfVisible(FlexGridModel& grid) {
   if (grid.visible()) grid.setFocus();
 }
 
-bool oneFileIsSelected(const FlexGridModel& grid) {
-  const int linesBelow = ResultsView == resultsView::oneLine ? 0 : 1;
-  return grid.rowSel() == grid.row() + linesBelow;
-}
-
 // The copy of a file in an archive, made when it is first asked for. Empty if there is none.
 std::string localCopyOf(Int32 file) {
   if (FileTable.FileLocalName[file].empty()) {
@@ -148,13 +143,6 @@ void launch(const std::string& path) {
   }
   if (basShellOpen(path, ShowMode::byDefault, "", "", "open", 0) == "NOASSOC")
     dialogs().messageBox("This file has no associated application");
-}
-
-// For a file in an archive, that of the archive.
-const std::string& containerDirectory(Int32 file) {
-  const DirRow& directory = directoryOf(file);
-  if (!isInZip(directory)) return directory.name;
-  return DirTable[DirTable[directory.parent].parent].name;
 }
 
 }  // namespace

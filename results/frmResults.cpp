@@ -2,8 +2,11 @@
 
 #include <QContextMenuEvent>
 #include <QCoreApplication>
+#include <QCursor>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QScreen>
 #include <QWheelEvent>
 #include <functional>
 #include <utility>
@@ -19,11 +22,12 @@
 #include "mainui/modalForms.h"
 #include "mainui/quickHelp.h"
 #include "pictures/pictures.h"
-#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "platform/qt/qtText.h"
 #include "platform/windows.h"
+#include "results/directoryMatch.h"
 #include "results/fileActions.h"
+#include "results/filters.h"
 #include "results/gridPaging.h"
 #include "results/gridScrolling.h"
 #include "results/gridSelection.h"
@@ -38,13 +42,6 @@ namespace {
 
 constexpr int statusPanelCount = 7;
 
-void tellFiltersAreToCome() {
-  dialogs().messageBox("Filters can't be set yet");
-}
-void tellDirectoryMatchIsToCome() {
-  dialogs().messageBox("Directories can't be matched yet");
-}
-
 // Selects an entry as the program's own doing.
 template <class Handler>
 void selectUnheeded(QComboBox& list, int index, Handler handler) {
@@ -53,11 +50,12 @@ void selectUnheeded(QComboBox& list, int index, Handler handler) {
   handler();
 }
 
-void addItem(QMenu& menu, const char* name, const QString& text,
-             const std::function<void()>& handler) {
+QAction* addItem(QMenu& menu, const char* name, const QString& text,
+                 const std::function<void()>& handler) {
   QAction* const item = menu.addAction(text);
   item->setObjectName(name);
   QObject::connect(item, &QAction::triggered, &menu, handler);
+  return item;
 }
 
 }  // namespace
@@ -77,12 +75,53 @@ class AutoResizeButton : public PictureButtonControl {
   QPushButton* button_;
 };
 
+// A name of the person's own has no mnemonic, and may be wider than the screen.
+class FilterItem : public MenuItemControl {
+ public:
+  explicit FilterItem(QAction* item) : item_(item) {}
+  std::string tag() const override { return tagOf(*item_); }
+  void setTag(std::string_view tag) override { quernstoke::setTag(*item_, tag); }
+  void setCaption(std::string_view caption) override {
+    const QFontMetrics metrics(item_->font());
+    const int widest = QGuiApplication::primaryScreen()->availableSize().width() * 3 / 4;
+    item_->setText(metrics.elidedText(qtText(caption), Qt::ElideMiddle, widest).replace("&", "&&"));
+  }
+
+ private:
+  QAction* item_;
+};
+
+// Has no text that could be bold: it stays down instead.
+class DirectoryButton : public DirectoryButtonControl {
+ public:
+  explicit DirectoryButton(QPushButton* button) : button_(button) {}
+  std::string tag() const override { return tagOf(*button_); }
+  void setTag(std::string_view tag) override { quernstoke::setTag(*button_, tag); }
+  void setToolTip(std::string_view text) override {
+    button_->setToolTip(qtText(text));
+    button_->setAccessibleDescription(qtText(text));
+  }
+  void setBold(bool bold) override {
+    QFont font = button_->font();
+    font.setBold(bold);
+    button_->setFont(font);
+    button_->setCheckable(bold);
+    button_->setChecked(bold);
+  }
+  // After a click, which would release it.
+  void staySet() { button_->setChecked(button_->isCheckable()); }
+
+ private:
+  QPushButton* button_;
+};
+
 frmResults::frmResults() : ui_(std::make_unique<Ui::frmResults>()) {
   ui_->setupUi(this);
   scrollBar_ = std::make_unique<QtScrollBar>(ui_->vscrGridMatches);
   autoResize_ = std::make_unique<AutoResizeButton>(ui_->cmdAutoResize);
-  ui_->gridMatches->model().setScrollBars(
-      ScrollBars::horizontal);  // The page is turned by vscrGridMatches.
+  setDir_ = {std::make_unique<DirectoryButton>(ui_->cmdSetDir_0),
+             std::make_unique<DirectoryButton>(ui_->cmdSetDir_1)};
+  gridMatches().setScrollBars(ScrollBars::horizontal);  // The page is turned by vscrGridMatches.
   ui_->sbarStatus->setPanelCount(statusPanelCount);
   ui_->labNoDuplicates->hide();
   ui_->fraHelp->hide();
@@ -104,13 +143,14 @@ void frmResults::connectControls() {
     connect(button, &QPushButton::clicked, this, handler);
   };
   onClick(ui_->cmdAutoResize, [this] { quernstoke::cmdAutoResize_Click(*this); });
-  onClick(ui_->cmdFilter, tellFiltersAreToCome);
+  onClick(ui_->cmdFilter, [this] { cmdFilter_Click(*this); });
   onClick(ui_->cmdDeleteFile_0, [this] { cmdDeleteFile_Click(deletionMode::selected); });
   onClick(ui_->cmdDeleteFile_1, [this] { cmdDeleteFile_Click(deletionMode::ticked); });
   onClick(ui_->cmdOpenFile, [this] { basOpenFile(*this); });
   onClick(ui_->cmdOpenDir, [this] { basOpenDir(*this); });
-  for (QPushButton* button : {ui_->cmdSetDir_0, ui_->cmdSetDir_1, ui_->cmdSetDir_2})
-    onClick(button, tellDirectoryMatchIsToCome);
+  onClick(ui_->cmdSetDir_0, [this] { cmdSetDir_Click(0); });
+  onClick(ui_->cmdSetDir_1, [this] { cmdSetDir_Click(1); });
+  onClick(ui_->cmdSetDir_2, [this] { cmdSetDir_Click(2); });
   onClick(ui_->cmdExport, [] { modalForms.frmExportResults(); });
   onClick(ui_->cmdClose, [this] { unload(); });
   onClick(ui_->cmdSHowHideHelp, &frmResults::cmdSHowHideHelp_Click);
@@ -155,10 +195,27 @@ void frmResults::makeMenus() {
   addItem(single, "mnuDeleteThisSelectedFile", tr("Delete this files"), deleteSelected);
   addItem(single, "mnuDeleteTickedFiles", tr("Delete all Ticked files"),
           [this] { cmdDeleteFile_Click(deletionMode::ticked); });
-  addItem(single, "mnuFilterDirectory", tr("Filter File"), tellFiltersAreToCome);
+  addItem(single, "mnuFilterDirectory", tr("Filter File"), [this] { basFilterDirectory(*this); });
   QMenu& several = *makeMenu("mnuRightClickMultpleFile", tr("Right Click Mulple File"));
   addItem(several, "mnuDeleteAllSelectedFiles", tr("Delete all Selected Files"), deleteSelected);
-  menus_ = {&single, &several};
+  menus_ = {&single, &several, makeMenu("mnuFilterMain", tr("Filter"))};
+  makeFilterMenu();
+}
+
+void frmResults::makeFilterMenu() {
+  QMenu& menu = *menus_[2];
+  filterDirectory_ = std::make_unique<FilterItem>(
+      addItem(menu, "mnuFilter_0", {}, [this] { mnuFilter_Click(*this, 0); }));
+  QMenu& pair = *menu.addMenu(tr("Exclude comparison between two directories"));
+  pair.menuAction()->setObjectName("mnuFilter_1");
+  pair.setObjectName("mnuFilterTwoDirs");
+  const auto addToPair = [&](const char* name, const QString& text, std::int16_t index) {
+    return addItem(pair, name, text, [this, index] { mnuFilterTwoDirs_Click(*this, index); });
+  };
+  filterTwoDirs_ = {
+      std::make_unique<FilterItem>(addToPair("mnuFilterTwoDirs_0", tr("Set Directory 1"), 0)),
+      std::make_unique<FilterItem>(addToPair("mnuFilterTwoDirs_1", tr("Set Directory 2"), 1))};
+  addToPair("mnuFilterTwoDirs_2", tr("Clear selection"), 2);
 }
 
 QMenu* frmResults::makeMenu(const char* name, const QString& title) {
@@ -197,15 +254,18 @@ void frmResults::Form_Activate() {
   });
 }
 
-// A deletion counts on its page staying as it is while a message is up.
 void frmResults::Form_Resize() {
   procedure("Form_Resize", [this] {
-    resizeOwed_ = deleting_;
-    if (deleting_ || takeIgnoreTag(*this)) return;
+    resizeOwed_ = pageIsKept_;
+    if (pageIsKept_ || takeIgnoreTag(*this)) return;
     if (shownState() == ShownState::minimised) return;
     basPositionFormObjects(static_cast<std::int16_t>(shownState()));
     ui_->picResultButtons->update();
   });
+}
+
+bool frmResults::Form_QueryUnload(UnloadCause /*cause*/) {
+  return isEnabled();
 }
 
 void frmResults::Form_Unload() {
@@ -233,11 +293,24 @@ void frmResults::cboView_Click() {
   });
 }
 
-void frmResults::cmdDeleteFile_Click(Int16 mode) {
-  deleting_ = true;
-  basDeleteFile(*this, mode);
-  deleting_ = false;
+// Runs what counts on the page and the order of the catalogue staying as they are while it shows a
+// message or another window.
+template <class Command>
+void frmResults::keepingThePage(Command command) {
+  pageIsKept_ = true;
+  command();
+  pageIsKept_ = false;
   if (resizeOwed_) Form_Resize();
+}
+
+void frmResults::cmdDeleteFile_Click(Int16 mode) {
+  keepingThePage([&] { basDeleteFile(*this, mode); });
+}
+
+void frmResults::cmdSetDir_Click(int index) {
+  keepingThePage([&] { quernstoke::cmdSetDir_Click(*this, static_cast<std::int16_t>(index)); });
+  for (const auto& button : setDir_)
+    button->staySet();
 }
 
 void frmResults::displayHelp(Int16 helpId) {
@@ -264,11 +337,33 @@ ScrollBarControl& frmResults::vscrGridMatches() {
 PictureButtonControl& frmResults::cmdAutoResize() {
   return *autoResize_;
 }
+const FlexGridModel& frmResults::gridMatches() const {
+  return ui_->gridMatches->model();
+}
+MenuItemControl& frmResults::mnuFilter(Int16 /*index*/) {
+  return *filterDirectory_;
+}
+MenuItemControl& frmResults::mnuFilterTwoDirs(Int16 index) {
+  return *filterTwoDirs_.at(static_cast<std::size_t>(index.raw()));
+}
+DirectoryButtonControl& frmResults::cmdSetDir(Int16 index) {
+  return *setDir_.at(static_cast<std::size_t>(index.raw()));
+}
 const TextRuler& frmResults::labSizer() const {
   return *ui_->labSizer;
 }
 void frmResults::labNoDuplicates(bool visible) {
   ui_->labNoDuplicates->setVisible(visible);
+}
+void frmResults::setTag(std::string_view tag) {
+  quernstoke::setTag(*this, tag);
+}
+// The focus would move on from each control that is disabled.
+void frmResults::takeInput(bool taken) {
+  if (taken == isEnabled()) return;
+  if (!taken) focusBefore_ = focusWidget();
+  setEnabled(taken);
+  if (taken && focusBefore_) focusBefore_->setFocus();
 }
 void frmResults::disable(std::string_view control) {
   findChild<QWidget*>(qtText(control))->setEnabled(false);
@@ -284,6 +379,16 @@ std::intptr_t frmResults::hWnd() const {
 
 void frmResults::popUp(std::string_view menu) {
   findChild<QMenu*>(qtText(menu))->popup(menuPosition_);
+}
+
+// At the height of the pointer, if it was the mouse that pressed the control.
+void frmResults::popUpBeside(std::string_view menu, std::string_view control, Int32 gap) {
+  const QWidget& beside = *findChild<QWidget*>(qtText(control));
+  const QPoint corner = beside.mapToGlobal(QPoint(beside.width() + pixelsFromTwips(gap.raw()), 0));
+  const QPoint pointer = QCursor::pos();
+  const bool clicked = beside.rect().contains(beside.mapFromGlobal(pointer));
+  menuPosition_ = {corner.x(), clicked ? pointer.y() : corner.y()};
+  popUp(menu);
 }
 
 // A button pressed there, in twips from the grid's corner.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPoint>
+#include <QPointer>
 #include <array>
 #include <memory>
 #include <string_view>
@@ -9,6 +10,7 @@
 #include "core/integers.h"
 #include "results/resultsControls.h"
 
+class QAction;
 class QMenu;
 class QPushButton;
 
@@ -23,8 +25,11 @@ class QtScrollBar;
 namespace forms {
 
 class AutoResizeButton;
+class DirectoryButton;
+class FilterItem;
 
-// Shows what a scan has found, page by page, and lets the person tick, open and delete files.
+// Shows what a scan has found, page by page, and lets the person tick, open, delete,
+// filter and match files.
 // Leaving it, which leads back to the main window, writes the list to disk.
 class frmResults : public Form, private ResultsControls {
   Q_OBJECT
@@ -37,6 +42,7 @@ class frmResults : public Form, private ResultsControls {
   void Form_Load() override;
   void Form_Activate() override;
   void Form_Resize() override;
+  bool Form_QueryUnload(UnloadCause cause) override;
   void Form_Unload() override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -45,26 +51,38 @@ class frmResults : public Form, private ResultsControls {
  private:
   // The controls as the procedures of the results ask for them.
   FlexGridModel& gridMatches() override;
+  const FlexGridModel& gridMatches() const override;
   ScrollBarControl& vscrGridMatches() override;
   PictureButtonControl& cmdAutoResize() override;
+  MenuItemControl& mnuFilter(Int16 index) override;
+  MenuItemControl& mnuFilterTwoDirs(Int16 index) override;
+  DirectoryButtonControl& cmdSetDir(Int16 index) override;
   const TextRuler& labSizer() const override;
   void labNoDuplicates(bool visible) override;
   void disable(std::string_view control) override;
   Int32 pictureWidth(std::string_view picture) const override;
   std::intptr_t hWnd() const override;
+  void setTag(std::string_view tag) override;
+  void takeInput(bool taken) override;
+  bool& lastSubDirectories() override { return lastSubDirectories_; }
   void popUp(std::string_view menu) override;
+  void popUpBeside(std::string_view menu, std::string_view control, Int32 gap) override;
   void basUpdateStatusBar() override;
 
   void cboGroup_Click();
   void cboView_Click();
   void cmdDeleteFile_Click(Int16 mode);
+  void cmdSetDir_Click(int index);
   void cmdSHowHideHelp_Click();
   void displayHelp(Int16 helpId);
 
   void connectControls();
   void preparePictures();
   void makeMenus();
+  void makeFilterMenu();
   QMenu* makeMenu(const char* name, const QString& title);
+  template <class Command>
+  void keepingThePage(Command command);
   void closeMenus();
   void popUpAt(Int16 button, QPoint atGrid);
 
@@ -85,11 +103,16 @@ class frmResults : public Form, private ResultsControls {
   std::unique_ptr<Ui::frmResults> ui_;
   std::unique_ptr<QtScrollBar> scrollBar_;
   std::unique_ptr<AutoResizeButton> autoResize_;
-  std::array<QMenu*, 2> menus_{};
+  std::unique_ptr<FilterItem> filterDirectory_;
+  std::array<std::unique_ptr<FilterItem>, 2> filterTwoDirs_;
+  std::array<std::unique_ptr<DirectoryButton>, 2> setDir_;
+  std::array<QMenu*, 3> menus_{};
   QPoint menuPosition_;  // Where the next menu comes up, on the screen.
   bool firstActivation_ = false;
-  bool deleting_ = false;
-  bool resizeOwed_ = false;  // The window's size changed during a deletion.
+  bool pageIsKept_ = false;
+  bool resizeOwed_ = false;  // The window's size changed while the page was kept.
+  bool lastSubDirectories_ = false;
+  QPointer<QWidget> focusBefore_;  // That of the window while it takes no input.
 };
 
 }  // namespace forms

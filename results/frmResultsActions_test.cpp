@@ -338,8 +338,6 @@ TEST_F(ResultsMenuTest, ItemsDoWhatTheirButtonsDo) {
   dialogBoxes.answers = {Answer::yes};
   chooseItem("mnuDeleteTickedFiles");
   EXPECT_FALSE(onDisk(tickedName));
-  chooseItem("mnuFilterDirectory");
-  EXPECT_EQ(dialogBoxes.messages.back(), "Filters can't be set yet");
 }
 
 // The list may be sorted anew below a menu, which must not act on the file that comes to lie there.
@@ -454,15 +452,6 @@ TEST_F(ResultsWindowTest, ExportHasAFormOfItsOwn) {
   showFiles(4);
   click("cmdExport");
   EXPECT_EQ(shown, 1);
-}
-
-TEST_F(ResultsWindowTest, WhatIsToComeSaysSo) {
-  showFiles(4);
-  for (const char* name : {"cmdFilter", "cmdSetDir_0", "cmdSetDir_1", "cmdSetDir_2"})
-    click(name);
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Filters can't be set yet", "Directories can't be matched yet",
-                          "Directories can't be matched yet", "Directories can't be matched yet"));
 }
 
 }  // namespace

@@ -78,6 +78,16 @@ RowArea basSelectedRowArea(Int32& row, const FlexGridModel& grid) {
   });
 }
 
+bool oneFileIsSelected(const FlexGridModel& grid) {
+  const int linesBelow = ResultsView == resultsView::oneLine ? 0 : 1;
+  return grid.rowSel() == grid.row() + linesBelow;
+}
+
+Int32 selectedFile(const FlexGridModel& grid) {
+  Int32 row = grid.row();
+  return grid.rowData(basSelectedRowArea(row, grid).firstRow);
+}
+
 void gridMatches_Click(ResultsControls& form) {
   procedure("gridMatches_Click", [&] {
     FlexGridModel& grid = form.gridMatches();

@@ -18,6 +18,13 @@ struct RowArea {
 // The rows of the file at `row`, which becomes the first of them; rows of -1 for an empty row.
 RowArea basSelectedRowArea(Int32& row, const FlexGridModel& grid);
 
+// Whether the selection is as large as one file.
+bool oneFileIsSelected(const FlexGridModel& grid);
+
+// The file at the current row, however many are selected. An empty row has none, and fails with a
+// subscript out of range.
+Int32 selectedFile(const FlexGridModel& grid);
+
 // The left button was clicked or a selection dragged: widens the selection to whole files, and
 // toggles their ticks if it began in the column of ticks.
 void gridMatches_Click(ResultsControls& form);

@@ -17,6 +17,15 @@ void allocateProfileDirList() {
   ProfileDirList.redim(lastDirSlot, false);
 }
 
+Int32 firstFreeDirSlot() {
+  constexpr int growth = 65;
+  Int32 slot = 1;
+  while (slot <= ProfileDirList.upperBound() && !ProfileDirList[slot].Dir.empty())
+    ++slot;
+  if (slot > ProfileDirList.upperBound()) ProfileDirList.redim(slot + growth, true);
+  return slot;
+}
+
 void allocateFileTypeTable() {
   FileTypeTable.FileTypeDescription.redim(lastFileTypeRow, false);
   FileTypeTable.FileTypesList.redim(lastFileTypeRow, false);

@@ -84,6 +84,8 @@ extern ProfileListRecord ProfileList;
 
 // Empties all slots of ProfileDirList.
 void allocateProfileDirList();
+// The first free slot of ProfileDirList from 1 upward, for which the list may grow.
+Int32 firstFreeDirSlot();
 // Empties all rows of FileTypeTable.
 void allocateFileTypeTable();
 

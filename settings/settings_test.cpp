@@ -38,5 +38,21 @@ TEST_F(SettingsTest, AllocatingEmptiesEverySlot) {
   EXPECT_EQ("", FileTypeTable.FileTypeDescription[50] + FileTypeTable.FileTypesList[50]);
 }
 
+TEST_F(SettingsTest, FirstFreeSlotIsBehindTheFirst) {
+  allocateProfileDirList();
+  EXPECT_EQ(1, firstFreeDirSlot());
+  ProfileDirList[1].Dir = ProfileDirList[3].Dir = "C:\\a";
+  EXPECT_EQ(2, firstFreeDirSlot());
+  EXPECT_EQ(128, ProfileDirList.upperBound());
+}
+
+TEST_F(SettingsTest, ListWithoutAFreeSlotGrows) {
+  ProfileDirList.redim(1, false);
+  ProfileDirList[1].Dir = "C:\\a";
+  EXPECT_EQ(2, firstFreeDirSlot());
+  EXPECT_EQ(2 + 65, ProfileDirList.upperBound());
+  EXPECT_EQ("C:\\a", ProfileDirList[1].Dir);
+}
+
 }  // namespace
 }  // namespace quernstoke

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -65,6 +66,28 @@ class ScriptedPictureButton : public PictureButtonControl {
   void setPicture(std::string_view key) override { picture = key; }
 };
 
+class ScriptedMenuItem : public MenuItemControl {
+ public:
+  std::string text;  // The tag.
+  std::string caption;
+
+  std::string tag() const override { return text; }
+  void setTag(std::string_view tag) override { text = tag; }
+  void setCaption(std::string_view shown) override { caption = shown; }
+};
+
+class ScriptedDirectoryButton : public DirectoryButtonControl {
+ public:
+  std::string text;  // The tag.
+  std::string toolTip;
+  bool bold = false;
+
+  std::string tag() const override { return text; }
+  void setTag(std::string_view tag) override { text = tag; }
+  void setToolTip(std::string_view shown) override { toolTip = shown; }
+  void setBold(bool shown) override { bold = shown; }
+};
+
 // Measures a character as 100 twips, as the scripted screen does.
 class TwipRuler : public TextRuler {
  public:
@@ -80,20 +103,38 @@ class ScriptedResultsControls : public ResultsControls {
     grid.showOn(&screen);
     autoResize.setTag("1");
     autoResize.setPicture("On");
+    for (const std::size_t index : {0, 1}) {
+      const std::string caption = "Set Directory " + std::to_string(index + 1);
+      filterTwoDirs[index].caption = directoryButtons[index].toolTip = caption;
+    }
   }
 
   ScriptedGridScreen screen;
   FlexGridModel grid;
   ScriptedScrollBar scrollBar;
   ScriptedPictureButton autoResize;
+  ScriptedMenuItem filterDirectory;
+  std::array<ScriptedMenuItem, 2> filterTwoDirs;
+  std::array<ScriptedDirectoryButton, 2> directoryButtons;
   bool noDuplicatesShown = false;
   std::vector<std::string> disabled;
   std::vector<std::string> menus;  // All that were popped up.
   int statusBarUpdates = 0;
+  std::string tag;
+  bool takesInput = true;
+  bool subDirectories = false;
 
   FlexGridModel& gridMatches() override { return grid; }
+  const FlexGridModel& gridMatches() const override { return grid; }
   ScrollBarControl& vscrGridMatches() override { return scrollBar; }
   PictureButtonControl& cmdAutoResize() override { return autoResize; }
+  MenuItemControl& mnuFilter(Int16 /*index*/) override { return filterDirectory; }
+  MenuItemControl& mnuFilterTwoDirs(Int16 index) override {
+    return filterTwoDirs.at(static_cast<std::size_t>(index.raw()));
+  }
+  DirectoryButtonControl& cmdSetDir(Int16 index) override {
+    return directoryButtons.at(static_cast<std::size_t>(index.raw()));
+  }
   const TextRuler& labSizer() const override { return ruler_; }
   void labNoDuplicates(bool visible) override { noDuplicatesShown = visible; }
   void disable(std::string_view control) override { disabled.emplace_back(control); }
@@ -101,7 +142,14 @@ class ScriptedResultsControls : public ResultsControls {
     return picture == "SimpleTick" ? 423 : 0;
   }
   std::intptr_t hWnd() const override { return 77; }
+  void setTag(std::string_view text) override { tag = text; }
+  void takeInput(bool taken) override { takesInput = taken; }
+  bool& lastSubDirectories() override { return subDirectories; }
   void popUp(std::string_view menu) override { menus.emplace_back(menu); }
+  void popUpBeside(std::string_view menu, std::string_view control, Int32 gap) override {
+    menus.push_back(std::string(menu) + " beside " + std::string(control) + " + " +
+                    std::to_string(gap.raw()));
+  }
   void basUpdateStatusBar() override { ++statusBarUpdates; }
 
  private:

@@ -1,0 +1,66 @@
+#include "mainui/dirComponents.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "core/procedure.h"
+#include "core/text.h"
+
+namespace quernstoke {
+
+namespace {
+
+constexpr int lastComponent = 32;
+constexpr int growth = 32;
+constexpr std::size_t longestRest = 999;
+constexpr std::string_view separator = "\\";
+
+void append(PathComponents& components, std::string_view text) {
+  Table<std::string>& table = components.text;
+  if (Int32(components.count) > table.upperBound()) table.redim(table.upperBound() + growth, true);
+  table[components.count] = text;
+  ++components.count;
+}
+
+const std::string& captionOf(const std::vector<std::string>& captions, Int16 label) {
+  return captions.at(static_cast<std::size_t>(label.raw()));
+}
+
+}  // namespace
+
+PathComponents basLoadDirIntoArray(const std::string& path) {
+  return procedure("basLoadDirIntoArray", [&] {
+    PathComponents components;
+    components.text.redim(lastComponent, false);
+    std::string_view rest = path;
+    for (std::size_t end; (end = rest.find(separator)) != std::string_view::npos;) {
+      append(components, rest.substr(0, end));
+      rest.remove_prefix(end + separator.size());
+    }
+    append(components, firstCharacters(rest, longestRest));
+    return components;
+  });
+}
+
+std::vector<std::string> labelCaptions(const PathComponents& components) {
+  std::vector<std::string> captions;
+  for (Int16 i = 0; i < components.count; ++i) {
+    if (i > 0) captions.emplace_back(separator);
+    captions.push_back(components.text[i]);
+  }
+  return captions;
+}
+
+Int16 clickedComponent(const std::vector<std::string>& captions, Int16 label) {
+  if (captionOf(captions, label) == separator) --label;
+  return std::max(label, Int16(0));
+}
+
+std::string pathUpTo(const std::vector<std::string>& captions, Int16 lastLabel) {
+  std::string path;
+  for (Int16 label = 0; label <= lastLabel; ++label)
+    path += captionOf(captions, label);
+  return path;
+}
+
+}  // namespace quernstoke
