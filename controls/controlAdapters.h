@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QWidget>
 
 #include "controls/tag.h"
@@ -32,6 +33,25 @@ class QtOption : public OptionControl {
 
  private:
   QRadioButton* button_;
+};
+
+class QtScrollBar : public ScrollBarControl {
+ public:
+  explicit QtScrollBar(QScrollBar* bar) : bar_(bar) {}
+  std::string tag() const override { return tagOf(*bar_); }
+  void setTag(std::string_view tag) override { quernstoke::setTag(*bar_, tag); }
+  std::int16_t minimum() const override { return static_cast<std::int16_t>(bar_->minimum()); }
+  std::int16_t maximum() const override { return static_cast<std::int16_t>(bar_->maximum()); }
+  std::int16_t largeChange() const override { return static_cast<std::int16_t>(bar_->pageStep()); }
+  std::int16_t value() const override { return static_cast<std::int16_t>(bar_->value()); }
+  void setMinimum(std::int16_t minimum) override { bar_->setMinimum(minimum); }
+  void setMaximum(std::int16_t maximum) override { bar_->setMaximum(maximum); }
+  void setLargeChange(std::int16_t change) override { bar_->setPageStep(change); }
+  void setValue(std::int16_t value) override { bar_->setValue(value); }
+  void setVisible(bool visible) override { bar_->setVisible(visible); }
+
+ private:
+  QScrollBar* bar_;
 };
 
 class QtTextBox : public TextControl {

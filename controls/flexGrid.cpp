@@ -42,7 +42,10 @@ Qt::ScrollBarPolicy scrollBarPolicy(bool mayBeShown) {
 }
 
 QString cellText(const GridCell& cell, const GridPictures& pictures) {
-  if (!cell.text.empty()) return qtText(cell.text).trimmed();
+  if (!cell.text.empty()) {
+    const QString text = qtText(cell.text).trimmed();
+    return cell.strikeThrough ? FlexGrid::tr("%1 (struck out)").arg(text) : text;
+  }
   const auto picture = pictures.find(cell.picture);
   return picture == pictures.end() ? QString() : picture->second.meaning;
 }

@@ -98,6 +98,9 @@ int run(int argc, char** argv) {
   modalForms.frmAddFileType = [&] {
     quernstoke::dialogs().messageBox("File types can't be edited yet");
   };
+  modalForms.frmExportResults = [] {
+    quernstoke::dialogs().messageBox("Results can't be exported yet");
+  };
   Main();
   const int status = QApplication::exec();
   Form::deleteAll();

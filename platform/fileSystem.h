@@ -69,6 +69,11 @@ class FileSystem {
   virtual DateTime modified(std::string_view path) = 0;
   // Removes a file, or a link itself; no directory, and no file with the read-only bit.
   virtual void remove(std::string_view path) = 0;
+  // Removes a regular file that a walk from `root` has come upon, with which the path begins; also
+  // one with the read-only bit. Behind the root the names are taken as they are written and lead
+  // through no link: what else stands there now, be it under another letter case, counts as not
+  // there.
+  virtual void removeWalked(std::string_view path, std::string_view root) = 0;
   virtual void rename(std::string_view from, std::string_view to) = 0;  // Never over a file.
 
   // Positions count bytes from 0. Reading and writing move the file's position on.

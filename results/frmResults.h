@@ -1,24 +1,96 @@
 #pragma once
 
-#include <QPlainTextEdit>
+#include <QPoint>
+#include <array>
+#include <memory>
+#include <string_view>
 
 #include "controls/form.h"
+#include "core/integers.h"
+#include "results/resultsControls.h"
 
-namespace quernstoke::forms {
+class QMenu;
+class QPushButton;
 
-// Lists the sets of a finished scan, one path a line. Closing it leads back to the main window.
-class frmResults : public Form {
+namespace Ui {
+class frmResults;
+}
+
+namespace quernstoke {
+
+class QtScrollBar;
+
+namespace forms {
+
+class AutoResizeButton;
+
+// Shows what a scan has found, page by page, and lets the person tick, open and delete files.
+// Leaving it, which leads back to the main window, writes the list to disk.
+class frmResults : public Form, private ResultsControls {
   Q_OBJECT
 
  public:
   frmResults();
+  ~frmResults() override;
 
  protected:
   void Form_Load() override;
+  void Form_Activate() override;
+  void Form_Resize() override;
   void Form_Unload() override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
-  QPlainTextEdit* sets_;
+  // The controls as the procedures of the results ask for them.
+  FlexGridModel& gridMatches() override;
+  ScrollBarControl& vscrGridMatches() override;
+  PictureButtonControl& cmdAutoResize() override;
+  const TextRuler& labSizer() const override;
+  void labNoDuplicates(bool visible) override;
+  void disable(std::string_view control) override;
+  Int32 pictureWidth(std::string_view picture) const override;
+  std::intptr_t hWnd() const override;
+  void popUp(std::string_view menu) override;
+  void basUpdateStatusBar() override;
+
+  void cboGroup_Click();
+  void cboView_Click();
+  void cmdDeleteFile_Click(Int16 mode);
+  void cmdSHowHideHelp_Click();
+  void displayHelp(Int16 helpId);
+
+  void connectControls();
+  void preparePictures();
+  void makeMenus();
+  QMenu* makeMenu(const char* name, const QString& title);
+  void closeMenus();
+  void popUpAt(Int16 button, QPoint atGrid);
+
+  void basPositionFormObjects(Int16 keepOrder);
+  void placeAtRight();
+  void placeGrid();
+  void placeButtons();
+  void placeStatusBar();
+  void limitSize();
+  int margin() const;
+  int columnHeight() const;
+  int columnWidth() const;
+  int gridLeft() const;
+  bool helpIsShown() const;
+  void showHelpPicture();
+  void focusGrid();
+
+  std::unique_ptr<Ui::frmResults> ui_;
+  std::unique_ptr<QtScrollBar> scrollBar_;
+  std::unique_ptr<AutoResizeButton> autoResize_;
+  std::array<QMenu*, 2> menus_{};
+  QPoint menuPosition_;  // Where the next menu comes up, on the screen.
+  bool firstActivation_ = false;
+  bool deleting_ = false;
+  bool resizeOwed_ = false;  // The window's size changed during a deletion.
 };
 
-}  // namespace quernstoke::forms
+}  // namespace forms
+}  // namespace quernstoke

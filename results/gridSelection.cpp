@@ -88,6 +88,16 @@ void gridMatches_Click(ResultsControls& form) {
   });
 }
 
+void tickSelection(ResultsControls& form) {
+  procedure("tickSelection", [&] {
+    FlexGridModel& grid = form.gridMatches();
+    Int32 row = grid.row();
+    if (!basSelectedRowArea(row, grid).isFile()) return;
+    grid.setCol(tickColumn);
+    gridMatches_Click(form);
+  });
+}
+
 void gridMatches_MouseDown(ResultsControls& form, Int16 button, Int32 y) {
   procedure("gridMatches_MouseDown", [&] {
     constexpr int rightButton = 2;

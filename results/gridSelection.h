@@ -22,6 +22,10 @@ RowArea basSelectedRowArea(Int32& row, const FlexGridModel& grid);
 // toggles their ticks if it began in the column of ticks.
 void gridMatches_Click(ResultsControls& form);
 
+// Toggles the ticks of the selected files, as a click in their column of ticks would. An empty row
+// has none.
+void tickSelection(ResultsControls& form);
+
 // The right button (2) pops up the menu of the file under it or of the selection. Other buttons do
 // nothing. Y is counted from the grid's upper edge, in twips.
 void gridMatches_MouseDown(ResultsControls& form, Int16 button, Int32 y);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "core/integers.h"
@@ -25,6 +26,7 @@ class ResultsControls {
   virtual void disable(std::string_view control) = 0;
 
   virtual Int32 pictureWidth(std::string_view picture) const = 0;  // In the picture's own units.
+  virtual std::intptr_t hWnd() const = 0;  // The window, as the desktop knows it.
   virtual void popUp(std::string_view menu) = 0;
   virtual void basUpdateStatusBar() = 0;
 };

@@ -363,6 +363,27 @@ void MemoryFileSystem::remove(std::string_view path) {
   erase(path);
 }
 
+void MemoryFileSystem::removeWalked(std::string_view path, std::string_view root) {
+  note(DiskAction::remove, path);
+  std::shared_ptr<Node> node = need(root, FailureNumber::pathNotFound);
+  if (!path.starts_with(root) || !path.substr(root.size()).starts_with('\\'))
+    fail(FailureNumber::pathNotFound);
+  const std::vector<std::string> names = components(path.substr(root.size()));
+  std::shared_ptr<Node> directory;
+  for (const std::string& name : names) {
+    if (!node->isDirectory) fail(FailureNumber::pathNotFound);
+    directory = node;
+    const auto child = findNamed(directory->children, name);
+    const bool isLast = &name == &names.back();
+    if (child == directory->children.end() || (*child)->name != name ||
+        (*child)->isDirectory == isLast)
+      fail(isLast ? FailureNumber::fileNotFound : FailureNumber::pathNotFound);
+    node = *child;
+  }
+  if (!directory) fail(FailureNumber::fileNotFound);
+  std::erase(directory->children, node);
+}
+
 void MemoryFileSystem::rename(std::string_view from, std::string_view to) {
   note(DiskAction::rename, from);
   const auto node = need(from, FailureNumber::fileNotFound);

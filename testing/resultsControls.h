@@ -100,6 +100,7 @@ class ScriptedResultsControls : public ResultsControls {
   Int32 pictureWidth(std::string_view picture) const override {
     return picture == "SimpleTick" ? 423 : 0;
   }
+  std::intptr_t hWnd() const override { return 77; }
   void popUp(std::string_view menu) override { menus.emplace_back(menu); }
   void basUpdateStatusBar() override { ++statusBarUpdates; }
 

@@ -142,6 +142,38 @@ TYPED_TEST(FileSystemContractTest, ReadOnlyFileIsKeptUntilItsAttributesAreCleare
   EXPECT_EQ("new", this->content("file"));
 }
 
+TYPED_TEST(FileSystemContractTest, WalkedFileIsRemovedAlsoReadOnly) {
+  this->files_.makeDirectory(this->at("Dir"));
+  this->makeFile("Dir\\File");
+  this->files_.removeWalked(this->at("Dir\\File"), this->disk_.root);
+  EXPECT_FAILURE(fileNotFound, this->files_.attributes(this->at("Dir\\File")));
+  this->makeFile("File");
+  this->disk_.makeReadOnly("File");
+  this->files_.removeWalked(this->at("File"), this->disk_.root);
+  EXPECT_FAILURE(fileNotFound, this->files_.attributes(this->at("File")));
+}
+
+TYPED_TEST(FileSystemContractTest, WalkedFileIsTakenByItsExactNames) {
+  this->files_.makeDirectory(this->at("Dir"));
+  this->makeFile("Dir\\File");
+  const auto remove = [&](const std::string& name, const std::string& root) {
+    this->files_.removeWalked(this->at(name), root);
+  };
+  const std::string& root = this->disk_.root;
+  EXPECT_FAILURE(fileNotFound, remove("Dir\\file", root));
+  EXPECT_FAILURE(fileNotFound, remove("Dir\\file", this->at("Dir")));
+  EXPECT_FAILURE(pathNotFound, remove("dir\\File", root));
+  EXPECT_FAILURE(fileNotFound, remove("Dir\\other", root));
+  EXPECT_FAILURE(pathNotFound, remove("other\\File", root));
+  EXPECT_FAILURE(pathNotFound, remove("Dir\\File\\inner", root));
+  EXPECT_FAILURE(fileNotFound, remove("Dir", root));
+  EXPECT_FAILURE(pathNotFound, remove("Dir\\File", this->at("Di")));
+  EXPECT_FAILURE(pathNotFound, remove("Dir\\File", this->at("none")));
+  EXPECT_EQ(attributeArchive, this->files_.attributes(this->at("Dir\\File")));
+  remove("dir\\File", this->at("dir"));
+  EXPECT_FAILURE(fileNotFound, this->files_.attributes(this->at("Dir\\File")));
+}
+
 TYPED_TEST(FileSystemContractTest, RenameNeverReplaces) {
   this->makeFile("from", "from");
   this->makeFile("To", "to");

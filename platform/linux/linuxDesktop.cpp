@@ -41,6 +41,12 @@ bool isRelative(std::string_view path) {
   return !path.starts_with('\\') && !path.starts_with('/') && !(path.size() >= 2 && path[1] == ':');
 }
 
+// Quotes around a path, which can hold none itself.
+std::string_view withoutQuotes(std::string_view path) {
+  const bool isQuoted = path.size() >= 2 && path.starts_with('"') && path.ends_with('"');
+  return isQuoted ? path.substr(1, path.size() - 2) : path;
+}
+
 std::int32_t answerForMissing(int error) {
   if (error == ENOENT) return shellFileNotFound;
   return error == EACCES ? shellAccessDenied : shellPathNotFound;
@@ -116,8 +122,9 @@ std::int32_t LinuxDesktop::shellExecute(const ShellRequest& request) {
       directory = std::filesystem::absolute(place.path);
     }
     if (isAddress(request.file)) return start(std::string(request.file), directory);
-    std::string file = drives_.linuxPath(request.file);
-    if (!directory.empty() && isRelative(request.file)) file = directory + '/' + file;
+    const std::string_view named = withoutQuotes(request.file);
+    std::string file = drives_.linuxPath(named);
+    if (!directory.empty() && isRelative(named)) file = directory + '/' + file;
     const Place place = locate(file);
     if (!place.exists) return answerForMissing(place.error);
     return start(std::filesystem::absolute(place.path), directory);

@@ -54,6 +54,13 @@ TEST_F(DesktopTest, OpensADirectory) {
   EXPECT_EQ(tree_.root() + "|", tree_.content("called"));
 }
 
+TEST_F(DesktopTest, TakesQuotesOffAPath) {
+  install("exit 0");
+  tree_.directory("Read Me");
+  EXPECT_GT(open('"' + tree_.programPath("Read Me") + '"'), 32);
+  EXPECT_EQ(tree_.path("Read Me") + "|", tree_.content("called"));
+}
+
 TEST_F(DesktopTest, OpensAnAddressAsItStands) {
   install("exit 0");
   for (const char* address : {"https://example.org/a?b=c&d", "mailto:ann@example.org"}) {

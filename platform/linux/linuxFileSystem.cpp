@@ -7,6 +7,7 @@
 #include <unistd.h>
 #include <utility>
 
+#include "platform/linux/exactRemoval.h"
 #include "platform/linux/linuxDirectoryListing.h"
 #include "platform/linux/pathLookup.h"
 #include "platform/linux/renaming.h"
@@ -118,6 +119,15 @@ bool isOpenableAs(OpenMode mode, int descriptor) {
          (::fstat(descriptor, &facts) == 0 && S_ISREG(facts.st_mode));
 }
 
+// What stands behind the root, as a relative path.
+std::string_view behindRoot(std::string_view path, std::string_view root) {
+  if (!path.starts_with(root)) fail(FailureNumber::pathNotFound);
+  path.remove_prefix(root.size());
+  if (!path.starts_with('\\')) fail(FailureNumber::pathNotFound);
+  path.remove_prefix(1);
+  return path;
+}
+
 bool isSameEntry(const Place& left, const Place& right) {
   struct stat l;
   struct stat r;
@@ -221,6 +231,14 @@ void LinuxFileSystem::remove(std::string_view path) {
                  return ::unlinkat(at, name, 0);
                }),
         Subject::file);
+}
+
+void LinuxFileSystem::removeWalked(std::string_view path, std::string_view root) {
+  const int outcome = atPath(toLinux(root), [](int at, const char* name) {
+    return ::openat(at, name, O_PATH | O_DIRECTORY | O_CLOEXEC);
+  });
+  check(outcome, Subject::directory);
+  check(removeBelow(Descriptor(outcome), drives_.linuxPath(behindRoot(path, root))), Subject::file);
 }
 
 void LinuxFileSystem::rename(std::string_view from, std::string_view to) {

@@ -1,0 +1,192 @@
+// Deleting files of the results from a real disk: nothing but the file that the scan came upon may
+// go.
+
+#include <sys/stat.h>
+
+#include "catalogue/dirTable.h"
+#include "catalogue/fileTable.h"
+#include "core/scanState.h"
+#include "platform/linux/linuxFileSystem.h"
+#include "platform/linux/temporaryTree.h"
+#include "platform/linux/withoutPrivileges.h"
+#include "platform/platform.h"
+#include "results/fileActions.h"
+#include "testing/engineTest.h"
+
+namespace quernstoke {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class DeletionOnDisk : public EngineTest {
+ protected:
+  DeletionOnDisk() {
+    usePlatform({&files_, &archiveLibrary, &dialogBoxes, &desk, &eventLoop, &clock, &locale,
+                 &mainWindow, &statusWindow, &resultsWindow});
+    RunState = runState::buildingList;
+    basRedimFilesArrays(10, false);
+    DirTable.redim(10, false);
+  }
+
+  // The row of a directory, relative to the tree, in which a walk began or that it entered.
+  static Int32 directory(const std::string& path, Int32 parent = noParent) {
+    bool existed = false;
+    return basAddDirToList(path, dirKind::directory, parent, existed);
+  }
+  Int32 root() const { return directory(tree_.programPath()); }
+  Int32 inRoot(const std::string& name) const {
+    return directory(tree_.programPath() + '\\' + windowsName(name), root());
+  }
+  static bool remove(Int32 directory, const std::string& name) {
+    const Int32 file = basAddFileToList(windowsName(name), directory, 1, {});
+    bool deleted = false;
+    basDeleteFileFromGrid(file, deleted);
+    EXPECT_EQ(FileTable.FileStatus[statusState][file] == fileState::deleted, deleted);
+    return deleted;
+  }
+
+  TemporaryTree tree_;
+  LinuxFileSystem files_{DriveTable()};
+};
+
+TEST_F(DeletionOnDisk, FileGoes) {
+  tree_.file("sub/song");
+  tree_.file("sub/other");
+  EXPECT_TRUE(remove(inRoot("sub"), "song"));
+  EXPECT_FALSE(tree_.exists("sub/song"));
+  EXPECT_TRUE(tree_.exists("sub/other"));
+}
+
+TEST_F(DeletionOnDisk, ReadOnlyFileGoes) {
+  tree_.file("song");
+  ::chmod(tree_.path("song").c_str(), 0444);
+  EXPECT_TRUE(remove(root(), "song"));
+  EXPECT_FALSE(tree_.exists("song"));
+}
+
+// A file may have several names, and the others' permissions are the same.
+TEST_F(DeletionOnDisk, OtherNameOfAReadOnlyFileStaysReadOnly) {
+  tree_.file("song", "x");
+  ::chmod(tree_.path("song").c_str(), 0444);
+  std::filesystem::create_hard_link(tree_.path("song"), tree_.path("copy"));
+  EXPECT_TRUE(remove(root(), "song"));
+  struct stat facts {};
+  ASSERT_EQ(::stat(tree_.path("copy").c_str(), &facts), 0);
+  EXPECT_EQ(facts.st_mode & 0777u, 0444u);
+}
+
+TEST_F(DeletionOnDisk, FileInAReadOnlyDirectoryStaysAsItIs) {
+  tree_.file("sub/song");
+  ::chmod(tree_.path("sub/song").c_str(), 0444);
+  ::chmod(tree_.path("sub").c_str(), 0555);
+  const WithoutPrivileges ordinary(tree_);
+  if (!ordinary.areInForce()) GTEST_SKIP() << "nothing is refused to this user";
+  EXPECT_FALSE(remove(inRoot("sub"), "song"));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre("Unable to delete file " + tree_.programPath("sub/song") +
+                          "\r\nReason: Permission denied"));
+  struct stat facts {};
+  ASSERT_EQ(::stat(tree_.path("sub/song").c_str(), &facts), 0);
+  EXPECT_EQ(facts.st_mode & 0777u, 0444u);
+  ::chmod(tree_.path("sub").c_str(), 0755);
+}
+
+TEST_F(DeletionOnDisk, FileThatHasGoneIsNotMentioned) {
+  EXPECT_FALSE(remove(root(), "song"));
+  EXPECT_FALSE(remove(inRoot("sub"), "song"));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(DeletionOnDisk, LinkThatTookTheFilesPlaceStays) {
+  tree_.file("elsewhere", "x");
+  tree_.link("song", tree_.path("elsewhere"));
+  EXPECT_FALSE(remove(root(), "song"));
+  EXPECT_TRUE(tree_.exists("song"));
+  EXPECT_TRUE(tree_.exists("elsewhere"));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+// As when a directory was moved and a link left in its place: the file behind it may be the last.
+TEST_F(DeletionOnDisk, DirectoryThatBecameALinkIsNotFollowed) {
+  tree_.file("moved/song", "x");
+  tree_.link("sub", tree_.path("moved"));
+  EXPECT_FALSE(remove(inRoot("sub"), "song"));
+  EXPECT_TRUE(tree_.exists("moved/song"));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(DeletionOnDisk, LinkThatThePersonNamedIsFollowed) {
+  tree_.file("real/sub/song", "x");
+  tree_.link("named", tree_.path("real"));
+  const Int32 named = directory(tree_.programPath("named"));
+  const Int32 sub = directory(tree_.programPath("named/sub"), named);
+  EXPECT_TRUE(remove(sub, "song"));
+  EXPECT_FALSE(tree_.exists("real/sub/song"));
+}
+
+TEST_F(DeletionOnDisk, DirectoryThatTookTheFilesPlaceStays) {
+  tree_.directory("song");
+  EXPECT_FALSE(remove(root(), "song"));
+  EXPECT_TRUE(tree_.exists("song"));
+}
+
+TEST_F(DeletionOnDisk, FifoThatTookTheFilesPlaceStays) {
+  tree_.fifo("song");
+  EXPECT_FALSE(remove(root(), "song"));
+  EXPECT_TRUE(tree_.exists("song"));
+}
+
+TEST_F(DeletionOnDisk, OneOfTwoNamesThatDifferInCaseGoes) {
+  tree_.file("SONG");
+  tree_.file("song");
+  EXPECT_TRUE(remove(root(), "song"));
+  EXPECT_TRUE(tree_.exists("SONG"));
+  EXPECT_FALSE(remove(root(), "song"));
+  EXPECT_TRUE(tree_.exists("SONG"));
+}
+
+TEST_F(DeletionOnDisk, DirectoryOfAnotherCaseIsNotEntered) {
+  tree_.file("SUB/song");
+  EXPECT_FALSE(remove(inRoot("sub"), "song"));
+  EXPECT_TRUE(tree_.exists("SUB/song"));
+}
+
+TEST_F(DeletionOnDisk, NamedDirectoryIsFoundInAnyCase) {
+  tree_.file("Music/song");
+  EXPECT_TRUE(remove(directory(tree_.programPath("music")), "song"));
+  EXPECT_FALSE(tree_.exists("Music/song"));
+}
+
+TEST_F(DeletionOnDisk, OddNamesGoAndTheirLikesStay) {
+  for (const std::string name : {"a*", "a?b", "back\\slash", "new\nline", "caf\xE9", " blank ",
+                                 "-rf", "quo\"te", "\xEF\x80\xBA", "dot."}) {
+    SCOPED_TRACE(name);
+    tree_.file(name);
+    tree_.file("ab");
+    tree_.file("back/slash");
+    EXPECT_TRUE(remove(root(), name));
+    EXPECT_FALSE(tree_.exists(name));
+    EXPECT_TRUE(tree_.exists("ab"));
+    EXPECT_TRUE(tree_.exists("back/slash"));
+  }
+}
+
+// A damaged list may hold any name.
+TEST_F(DeletionOnDisk, NamesThatLeadAwayAreNotFollowed) {
+  tree_.file("sub/inner/file");
+  tree_.file("sub/other");
+  tree_.file("song");
+  for (const char* name : {"..\\song", "inner\\..\\..\\song", ".", "..", "", "*", "?????"}) {
+    bool deleted = false;
+    const Int32 file = basAddFileToList(name, inRoot("sub"), 1, {});
+    basDeleteFileFromGrid(file, deleted);
+    EXPECT_FALSE(deleted) << name;
+  }
+  EXPECT_TRUE(tree_.exists("song"));
+  EXPECT_TRUE(tree_.exists("sub/inner/file"));
+  EXPECT_TRUE(tree_.exists("sub/other"));
+}
+
+}  // namespace
+}  // namespace quernstoke

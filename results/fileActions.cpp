@@ -1,0 +1,221 @@
+#include "results/fileActions.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "catalogue/dirTable.h"
+#include "catalogue/fileTable.h"
+#include "catalogue/modUnzip.h"
+#include "controls/flexGridModel.h"
+#include "core/probes.h"
+#include "core/procedure.h"
+#include "core/system.h"
+#include "core/text.h"
+#include "detect/tempStore.h"
+#include "platform/desktop.h"
+#include "platform/dialogs.h"
+#include "platform/fileSystem.h"
+#include "platform/platform.h"
+#include "results/gridPaging.h"
+#include "results/gridSelection.h"
+#include "results/gridTicks.h"
+#include "results/resultsControls.h"
+
+namespace quernstoke {
+
+namespace {
+
+constexpr int tickColumn = 0;
+constexpr int nameColumn = 1;
+
+const DirRow& directoryOf(Int32 file) {
+  return DirTable[FileTable.FileDirNum[file]];
+}
+
+bool isInZip(const DirRow& directory) {
+  return directory.kind == dirKind::zipFolder;
+}
+
+std::string pathOnDisk(Int32 file) {
+  return directoryOf(file).name + "\\" + std::string(FileTable.FileName[file]);
+}
+
+bool liesIn(std::string_view directory, std::string_view above) {
+  return directory.starts_with(above) &&
+         (directory.size() == above.size() || directory[above.size()] == '\\');
+}
+
+// Where the walk that found a directory began: the nearest of the directories that the person has
+// named, which alone may be reached by links. A list without one vouches for nothing above.
+std::string walkRootOf(const std::string& directory) {
+  std::string root;
+  for (Int32 row = 1; row <= DirCount; ++row) {
+    const DirRow& start = DirTable[row];
+    if (start.kind == dirKind::directory && start.parent == noParent &&
+        start.name.size() > root.size() && liesIn(directory, start.name))
+      root = start.name;
+  }
+  return root.empty() ? directory : root;
+}
+
+// Removes the file. Returns whether it was there.
+bool removeFromDisk(const std::string& path, const std::string& directory) {
+  try {
+    files().removeWalked(path, walkRootOf(directory));
+    return true;
+  } catch (const Failure& failure) {
+    if (failure.is(FailureNumber::fileNotFound) || failure.is(FailureNumber::pathNotFound))
+      return false;
+    throw;
+  }
+}
+
+void showUndeleted(const std::string& path, const std::string& reason) {
+  dialogs().messageBox("Unable to delete file " + path + "\r\nReason: " + reason);
+}
+
+void deleteRow(FlexGridModel& grid, Int32 row) {
+  const Int32 file = grid.rowData(row);
+  bool deleted = false;
+  basDeleteFileFromGrid(file, deleted);
+  if (!deleted) return;
+  grid.setRow(row);
+  grid.setCol(nameColumn);
+  grid.editCell(row, nameColumn).strikeThrough = true;
+  basFlexCheckMark(file, grid, row, tickColumn, FileTable.FileStatus[statusTick][file]);
+}
+
+void deleteSelected(FlexGridModel& grid) {
+  const Int32 last = std::max(grid.row(), grid.rowSel());
+  for (Int32 row = std::min(grid.row(), grid.rowSel()); row <= last; ++row)
+    if (grid.rowData(row) >= 0) deleteRow(grid, row);
+}
+
+bool isTicked(Int32 file) {
+  return FileTable.FileStatus[statusTick][file] == 1;
+}
+
+// Those of all pages.
+Int16 countTicked() {
+  Int16 count;
+  for (Int32 file = 1; file <= FileCount; ++file)
+    if (isTicked(file)) ++count;
+  return count;
+}
+
+void deleteTicked(FlexGridModel& grid) {
+  const Int16 count = countTicked();
+  if (count == 0) {
+    dialogs().messageBox("Nothing selected");
+    return;
+  }
+  const Answer answer =
+      dialogs().messageBox("Delete all " + toText(Int32(count)) + " selected files?",
+                           Buttons::yesNo, "Delete warning", Icon::none);
+  if (answer != Answer::yes) return;
+  for (Int32 row = 1; row < grid.rows(); ++row)
+    if (grid.rowData(row) >= 0 && isTicked(grid.rowData(row))) deleteRow(grid, row);
+}
+
+void focusIfVisible(FlexGridModel& grid) {
+  if (grid.visible()) grid.setFocus();
+}
+
+bool oneFileIsSelected(const FlexGridModel& grid) {
+  const int linesBelow = ResultsView == resultsView::oneLine ? 0 : 1;
+  return grid.rowSel() == grid.row() + linesBelow;
+}
+
+// The copy of a file in an archive, made when it is first asked for. Empty if there is none.
+std::string localCopyOf(Int32 file) {
+  if (FileTable.FileLocalName[file].empty()) {
+    const DirRow& folder = directoryOf(file);
+    const std::string copy = basExtractZipEntry(DirTable[folder.parent].name, folder.name,
+                                                std::string(FileTable.FileName[file]), true);
+    if (copy.empty() && lower(ZipMessages).find("incorrect password") != std::string::npos)
+      dialogs().messageBox("Can not launch file as the Zip file requires a password");
+    FileTable.FileLocalName.set(file, copy);
+  }
+  return std::string(FileTable.FileLocalName[file]);
+}
+
+void launch(const std::string& path) {
+  if (path.empty()) return;
+  if (!basFileExists(path)) {
+    dialogs().messageBox("Can't open file '" + path + "'");
+    return;
+  }
+  if (basShellOpen(path, ShowMode::byDefault, "", "", "open", 0) == "NOASSOC")
+    dialogs().messageBox("This file has no associated application");
+}
+
+// For a file in an archive, that of the archive.
+const std::string& containerDirectory(Int32 file) {
+  const DirRow& directory = directoryOf(file);
+  if (!isInZip(directory)) return directory.name;
+  return DirTable[DirTable[directory.parent].parent].name;
+}
+
+}  // namespace
+
+void basDeleteFileFromGrid(Int32 file, bool& deleted) {
+  procedure("basDeleteFileFromGrid", [&] {
+    deleted = false;
+    const DirRow& directory = directoryOf(file);
+    if (isInZip(directory)) {
+      dialogs().messageBox("Unable to delete from a zip file");
+      return;
+    }
+    const std::string path = pathOnDisk(file);
+    if (!basFileExists(path)) return;
+    try {
+      if (!removeFromDisk(path, directory.name)) return;
+    } catch (const Failure& failure) {
+      return showUndeleted(path, failure.description);
+    }
+    FileTable.FileStatus[statusState][file] = fileState::deleted;
+    FileTable.FileStatus[statusTick][file] = 0;
+    deleted = true;
+  });
+}
+
+void basDeleteFile(ResultsControls& form, Int16 mode) {
+  FlexGridModel& grid = form.gridMatches();
+  procedureGoingOn(
+      "basDeleteFile",
+      [&] {
+        grid.setRedraw(false);
+        mode == deletionMode::selected ? deleteSelected(grid) : deleteTicked(grid);
+      },
+      [&] {
+        grid.setRedraw(true);
+        focusIfVisible(grid);
+      });
+}
+
+void basOpenFile(ResultsControls& form) {
+  procedure("basOpenFile", [&] {
+    FlexGridModel& grid = form.gridMatches();
+    focusIfVisible(grid);
+    // A second line belongs to another file than the row below it.
+    if (!oneFileIsSelected(grid) || grid.rowData(grid.row()) < 0) return dialogs().beep();
+    const Int32 file = grid.rowData(grid.row());
+    launch(isInZip(directoryOf(file)) ? localCopyOf(file) : pathOnDisk(file));
+  });
+}
+
+void basOpenDir(ResultsControls& form) {
+  procedure("basOpenDir", [&] {
+    FlexGridModel& grid = form.gridMatches();
+    if (!oneFileIsSelected(grid)) return dialogs().beep();
+    Int32 row = grid.row();
+    const RowArea area = basSelectedRowArea(row, grid);
+    if (area.firstRow < 1) return dialogs().beep();
+    const std::string& directory = containerDirectory(grid.rowData(area.firstRow));
+    basShellOpen("\"" + directory + "\"", ShowMode::byDefault, "", "", "explore", form.hWnd());
+    focusIfVisible(grid);
+  });
+}
+
+}  // namespace quernstoke

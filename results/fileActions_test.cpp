@@ -1,0 +1,507 @@
+#include "results/fileActions.h"
+
+#include "catalogue/dirTable.h"
+#include "core/scanState.h"
+#include "results/matchGroupIndex.h"
+#include "results/resultsGridTest.h"
+
+namespace quernstoke {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class FileActionsTest : public ResultsGridTest {
+ protected:
+  // Files f1, f2 and so on in C:\music, also on the disk.
+  void showFiles(int count) {
+    for (int file = 1; file <= count; ++file)
+      disk.file("C:\\music\\f" + std::to_string(file), "x");
+    build(count);
+  }
+  void showTwoLines(int count) {
+    ResultsView = resultsView::twoLines;
+    showFiles(count);
+  }
+  // The files of C:\a.zip, as a scan finds them in a folder of it.
+  void showZipEntry(const std::string& name, const std::string& folder = "in") {
+    archiveLibrary.contents["C:\\data\\a.zip"] = {{folder + "/" + name, "content"}};
+    disk.file("C:\\data\\a.zip", "archive");
+    buildCatalogue({{"first", "C:\\data", 1, 2}});
+    DirTable.set(2, {"C:\\data\\a.zip", dirKind::zipFile, 1, false});
+    DirTable.set(3, {folder, dirKind::zipFolder, 2, false});
+    DirCount = 3;
+    RunState = runState::buildingList;
+    basAddFileToList(name, 3, 1, {});
+    RunState = runState::finished;
+    FileTable.FileStatus[statusMatch][2] = 2;
+    build();
+    select(2, 2);
+  }
+  void select(int from, int to) {
+    grid.setRow(from);
+    grid.setRowSel(to);
+    grid.setCol(1);
+    grid.setColSel(grid.cols() - 1);
+  }
+  static void tick(int file) { FileTable.FileStatus[statusTick][file] = 1; }
+  // Ticks files and shows it.
+  void tickAll(const std::vector<int>& files) {
+    for (const int file : files)
+      tick(file);
+    fill("POS", 1);
+  }
+  void deleteSelected() { basDeleteFile(form, deletionMode::selected); }
+  void deleteTicked(Answer answer = Answer::yes) {
+    dialogBoxes.answers.push_back(answer);
+    basDeleteFile(form, deletionMode::ticked);
+  }
+
+  bool onDisk(int file) const { return disk.exists("C:\\music\\f" + std::to_string(file)); }
+  std::vector<int> left(int count) const {
+    std::vector<int> files;
+    for (int file = 1; file <= count; ++file)
+      if (onDisk(file)) files.push_back(file);
+    return files;
+  }
+  bool isStruck(int row) const { return grid.cell(row, 1).strikeThrough; }
+  static int state(int file) { return FileTable.FileStatus[statusState][file].raw(); }
+  static int tickOf(int file) { return FileTable.FileStatus[statusTick][file].raw(); }
+};
+
+// Deleting.
+
+using DeletionTest = FileActionsTest;
+
+TEST_F(DeletionTest, SelectedFilesGoWithoutAQuestion) {
+  showFiles(5);
+  select(2, 3);
+  deleteSelected();
+  EXPECT_THAT(left(5), ElementsAre(1, 4, 5));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+  EXPECT_EQ(dialogBoxes.beeps, 0);
+  for (const int row : {2, 3}) {
+    EXPECT_TRUE(isStruck(row));
+    EXPECT_EQ(state(row), fileState::deleted);
+  }
+  EXPECT_FALSE(isStruck(1));
+  EXPECT_FALSE(isStruck(4));
+}
+
+TEST_F(DeletionTest, NothingElseChanges) {
+  showFiles(5);
+  const Int32 duplicates = DuplicateCount;
+  const Int32 groups = MatchGroupCount;
+  const int updates = form.statusBarUpdates;
+  select(2, 2);
+  deleteSelected();
+  EXPECT_EQ(FileCount, 5);
+  EXPECT_EQ(DuplicateCount, duplicates);
+  EXPECT_EQ(MatchGroupCount, groups);
+  EXPECT_EQ(form.statusBarUpdates, updates);
+  EXPECT_EQ(page().size(), 5u);
+  EXPECT_EQ(disk.count(DiskAction::open, ProfilesDir + "\\Music.files"), 0);
+}
+
+TEST_F(DeletionTest, SelectionDraggedUpwardsIsTheSame) {
+  showFiles(5);
+  select(3, 2);
+  deleteSelected();
+  EXPECT_THAT(left(5), ElementsAre(1, 4, 5));
+}
+
+TEST_F(DeletionTest, TickOfADeletedFileGoes) {
+  showFiles(5);
+  tickAll({2});
+  EXPECT_EQ(grid.cell(2, 0).picture, "SmallTick");
+  select(2, 2);
+  deleteSelected();
+  EXPECT_EQ(tickOf(2), 0);
+  EXPECT_EQ(grid.cell(2, 0).picture, "SmallUnTick");
+}
+
+TEST_F(DeletionTest, CursorStaysAtTheNameOfTheLastDeletedFile) {
+  showFiles(5);
+  select(2, 4);
+  disk.erase("C:\\music\\f4");
+  deleteSelected();
+  EXPECT_EQ(grid.row(), 3);
+  EXPECT_EQ(grid.rowSel(), 3);
+  EXPECT_EQ(grid.col(), 1);
+  EXPECT_EQ(grid.colSel(), 1);
+}
+
+TEST_F(DeletionTest, GridIsPaintedAgainAndHasTheFocus) {
+  showFiles(5);
+  form.screen.log.clear();
+  deleteSelected();
+  EXPECT_TRUE(grid.redraw());
+  EXPECT_THAT(form.screen.log, ElementsAre("focus"));
+}
+
+TEST_F(DeletionTest, FileOfTwoLinesIsDeletedOnce) {
+  showTwoLines(5);
+  select(3, 4);
+  deleteSelected();
+  EXPECT_THAT(left(5), ElementsAre(1, 3, 4, 5));
+  EXPECT_TRUE(isStruck(3));
+  EXPECT_FALSE(isStruck(4));
+  EXPECT_EQ(grid.cell(3, 0).picture, "BigUnTick1");
+}
+
+TEST_F(DeletionTest, EmptyRowsAreNoFiles) {
+  showFiles(3);
+  select(5, 8);
+  deleteSelected();
+  EXPECT_THAT(left(3), SizeIs(3));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(DeletionTest, LastFileOfAMatchGoesWithoutAWarning) {
+  disk.file("C:\\a", "x");
+  disk.file("C:\\b", "x");
+  buildCatalogue({{"a", "C:", 1, 2}, {"b", "C:", 1, 2}});
+  build();
+  select(1, 2);
+  deleteSelected();
+  EXPECT_FALSE(disk.exists("C:\\a"));
+  EXPECT_FALSE(disk.exists("C:\\b"));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(DeletionTest, ReadOnlyFileIsDeleted) {
+  showFiles(3);
+  disk.setAttributes("C:\\music\\f2", attributeReadOnly);
+  select(2, 2);
+  deleteSelected();
+  EXPECT_FALSE(onDisk(2));
+  EXPECT_TRUE(isStruck(2));
+}
+
+TEST_F(DeletionTest, FileThatHasGoneIsLeftAsItIs) {
+  showFiles(3);
+  disk.erase("C:\\music\\f2");
+  select(2, 2);
+  deleteSelected();
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+  EXPECT_EQ(state(2), fileState::normal);
+  EXPECT_FALSE(isStruck(2));
+}
+
+TEST_F(DeletionTest, DeletingTwiceDoesNothingMore) {
+  showFiles(3);
+  select(2, 2);
+  deleteSelected();
+  deleteSelected();
+  EXPECT_EQ(disk.count(DiskAction::remove, "C:\\music\\f2"), 1);
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+  EXPECT_EQ(state(2), fileState::deleted);
+}
+
+TEST_F(DeletionTest, RefusalIsToldAndTheOthersGo) {
+  showFiles(4);
+  tickAll({2});
+  disk.failOn(DiskAction::remove, "C:\\music\\f2", FailureNumber::permissionDenied);
+  select(1, 3);
+  deleteSelected();
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre("Unable to delete file C:\\music\\f2\r\nReason: Permission denied"));
+  EXPECT_THAT(left(4), ElementsAre(2, 4));
+  EXPECT_EQ(state(2), fileState::normal);
+  EXPECT_EQ(tickOf(2), 1);
+  EXPECT_FALSE(isStruck(2));
+}
+
+TEST_F(DeletionTest, RefusedFileKeepsItsReadOnlyMark) {
+  showFiles(3);
+  disk.setAttributes("C:\\music\\f2", attributeReadOnly);
+  disk.failOn(DiskAction::remove, "C:\\music\\f2", FailureNumber::permissionDenied);
+  select(2, 2);
+  deleteSelected();
+  EXPECT_NE(disk.attributes("C:\\music\\f2") & attributeReadOnly, 0);
+}
+
+// The look-up that finds a file in any letter case must not decide what is deleted.
+TEST_F(DeletionTest, NameInAnotherCaseIsAnotherFile) {
+  disk.file("C:\\music\\SONG", "of somebody else");
+  buildCatalogue({{"song", "C:\\music", 1, 2}});
+  build();
+  deleteSelected();
+  EXPECT_TRUE(disk.exists("C:\\music\\SONG"));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+  EXPECT_FALSE(isStruck(1));
+}
+
+TEST_F(DeletionTest, DirectoryInAnotherCaseIsAnotherDirectory) {
+  disk.file("C:\\music\\OLD\\song", "of somebody else");
+  buildCatalogue({{"other", "C:\\music", 1, 2}, {"song", "C:\\music\\old", 1, 2}});
+  DirTable.setParent(2, 1);
+  build();
+  select(2, 2);
+  deleteSelected();
+  EXPECT_TRUE(disk.exists("C:\\music\\OLD\\song"));
+}
+
+// People type the names of directories in any case.
+TEST_F(DeletionTest, DirectoryOfTheProfileIsFoundInAnyCase) {
+  disk.file("C:\\Music\\Old\\song", "x");
+  buildCatalogue({{"other", "c:\\music", 1, 2}, {"song", "c:\\music\\Old", 1, 2}});
+  DirTable.setParent(2, 1);
+  build();
+  select(2, 2);
+  deleteSelected();
+  EXPECT_FALSE(disk.exists("C:\\Music\\Old\\song"));
+  EXPECT_TRUE(isStruck(2));
+}
+
+TEST_F(DeletionTest, FileOfThePageIsDeletedNotThatOfTheRowsNumber) {
+  showFiles(60);
+  fill("PGDN");
+  select(2, 2);
+  deleteSelected();
+  EXPECT_FALSE(onDisk(21));
+  EXPECT_TRUE(onDisk(2));
+}
+
+TEST_F(DeletionTest, DirectoryThatTookAFilesPlaceStays) {
+  showFiles(3);
+  disk.erase("C:\\music\\f2");
+  disk.file("C:\\music\\f2\\inner", "x");
+  select(2, 2);
+  deleteSelected();
+  EXPECT_TRUE(disk.exists("C:\\music\\f2\\inner"));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(DeletionTest, FileInAZipIsRefusedOnceAFile) {
+  showZipEntry("song");
+  disk.file("in\\song", "not this one");
+  deleteSelected();
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Unable to delete from a zip file"));
+  EXPECT_TRUE(disk.exists("C:\\data\\a.zip"));
+  EXPECT_EQ(state(2), fileState::normal);
+  EXPECT_EQ(disk.count(DiskAction::remove, ""), 0);
+}
+
+TEST_F(DeletionTest, OddNamesAreDeletedAsTheyAre) {
+  const std::string odd = "caf\xE9 \xEF\x80\xBA [1] %n";  // No UTF-8, and a stand-in.
+  disk.file("C:\\music\\" + odd, "x");
+  disk.file("C:\\music\\cafe", "x");
+  buildCatalogue({{odd, "C:\\music", 1, 2}});
+  build();
+  deleteSelected();
+  EXPECT_THAT(disk.names("C:\\music"), ElementsAre("cafe"));
+}
+
+TEST_F(DeletionTest, StrikeThroughComesBackWithAFill) {
+  showFiles(60);
+  select(2, 2);
+  deleteSelected();
+  fill("PGDN");
+  EXPECT_FALSE(isStruck(2));
+  fill("POS", 1);
+  EXPECT_TRUE(isStruck(2));
+}
+
+// Ticked files.
+
+using TickedDeletionTest = FileActionsTest;
+
+TEST_F(TickedDeletionTest, NothingTickedIsTold) {
+  showFiles(3);
+  basDeleteFile(form, deletionMode::ticked);
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Nothing selected"));
+  EXPECT_THAT(left(3), SizeIs(3));
+}
+
+TEST_F(TickedDeletionTest, QuestionComesFirst) {
+  showFiles(5);
+  tickAll({2, 4});
+  deleteTicked(Answer::no);
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Delete all 2 selected files?"));
+  EXPECT_THAT(dialogBoxes.titles, ElementsAre("Delete warning"));
+  EXPECT_THAT(dialogBoxes.buttons, ElementsAre(Buttons::yesNo));
+  EXPECT_THAT(left(5), SizeIs(5));
+  EXPECT_EQ(tickOf(2), 1);
+  EXPECT_TRUE(grid.redraw());
+}
+
+TEST_F(TickedDeletionTest, TickedFilesGoWhateverIsSelected) {
+  showFiles(5);
+  tickAll({2, 4});
+  select(1, 3);
+  deleteTicked();
+  EXPECT_THAT(left(5), ElementsAre(1, 3, 5));
+  EXPECT_TRUE(isStruck(2));
+  EXPECT_TRUE(isStruck(4));
+  EXPECT_FALSE(isStruck(3));
+}
+
+// The question counts the list, the deletion reaches the page: a list is worked through by pages.
+TEST_F(TickedDeletionTest, OtherPagesKeepTheirFilesAndTicks) {
+  showFiles(60);
+  tickAll({2, 3, 40});
+  deleteTicked();
+  EXPECT_EQ(dialogBoxes.messages.back(), "Delete all 3 selected files?");
+  EXPECT_FALSE(onDisk(2));
+  EXPECT_FALSE(onDisk(3));
+  EXPECT_TRUE(onDisk(40));
+  EXPECT_EQ(tickOf(40), 1);
+
+  deleteTicked();
+  EXPECT_EQ(dialogBoxes.messages.back(), "Delete all 1 selected files?");
+  EXPECT_TRUE(onDisk(40));
+
+  fill("POS", 35);
+  deleteTicked();
+  EXPECT_FALSE(onDisk(40));
+}
+
+TEST_F(TickedDeletionTest, FilesOfTwoLinesGo) {
+  showTwoLines(5);
+  tickAll({1, 3});
+  deleteTicked();
+  EXPECT_THAT(left(5), ElementsAre(2, 4, 5));
+}
+
+TEST_F(TickedDeletionTest, MoreThanTheCountHoldsDeletesNothing) {
+  buildNameless(32768);
+  for (int file = 1; file <= 32768; ++file)
+    tick(file);
+  deleteTicked();
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre("Procedure error in 'basDeleteFile'.  Reason: Overflow(6)."));
+  EXPECT_EQ(disk.count(DiskAction::remove, ""), 0);
+  EXPECT_TRUE(grid.redraw());
+}
+
+// Opening.
+
+using OpeningTest = FileActionsTest;
+
+TEST_F(OpeningTest, SelectedFileIsOpened) {
+  showFiles(5);
+  select(3, 3);
+  basOpenFile(form);
+  ASSERT_THAT(desk.opened, SizeIs(1));
+  EXPECT_EQ(desk.opened[0].operation, "open");
+  EXPECT_EQ(desk.opened[0].file, "C:\\music\\f3");
+  EXPECT_EQ(desk.opened[0].window, 0);
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+  EXPECT_EQ(dialogBoxes.beeps, 0);
+}
+
+TEST_F(OpeningTest, SeveralFilesBeep) {
+  showFiles(5);
+  select(2, 3);
+  basOpenFile(form);
+  basOpenDir(form);
+  EXPECT_EQ(dialogBoxes.beeps, 2);
+  EXPECT_THAT(desk.opened, IsEmpty());
+}
+
+TEST_F(OpeningTest, EmptyRowBeeps) {
+  showFiles(3);
+  select(9, 9);
+  basOpenFile(form);
+  basOpenDir(form);
+  EXPECT_EQ(dialogBoxes.beeps, 2);
+  EXPECT_THAT(desk.opened, IsEmpty());
+}
+
+TEST_F(OpeningTest, FileOfTwoLinesNeedsBoth) {
+  showTwoLines(5);
+  select(3, 4);
+  basOpenFile(form);
+  basOpenDir(form);
+  ASSERT_THAT(desk.opened, SizeIs(2));
+  EXPECT_EQ(desk.opened[0].file, "C:\\music\\f2");
+  EXPECT_EQ(dialogBoxes.beeps, 0);
+  select(3, 3);
+  basOpenFile(form);
+  basOpenDir(form);
+  EXPECT_EQ(dialogBoxes.beeps, 2);
+}
+
+TEST_F(OpeningTest, SecondLineAndTheNextFileBeep) {
+  showTwoLines(5);
+  select(4, 5);
+  basOpenFile(form);
+  EXPECT_EQ(dialogBoxes.beeps, 1);
+  EXPECT_THAT(desk.opened, IsEmpty());
+}
+
+TEST_F(OpeningTest, MissingFileIsTold) {
+  showFiles(3);
+  disk.erase("C:\\music\\f1");
+  basOpenFile(form);
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Can't open file 'C:\\music\\f1'"));
+  EXPECT_THAT(desk.opened, IsEmpty());
+}
+
+TEST_F(OpeningTest, FileWithoutAProgramIsTold) {
+  showFiles(3);
+  desk.shellAnswer = shellNoAssociation;
+  basOpenFile(form);
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre("This file has no associated application"));
+}
+
+TEST_F(OpeningTest, OtherFailuresAreNotTold) {
+  showFiles(3);
+  desk.shellAnswer = shellAccessDenied;
+  basOpenFile(form);
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(OpeningTest, FileInAZipIsExtractedOnce) {
+  showZipEntry("song.mp3");
+  basOpenFile(form);
+  basOpenFile(form);
+  const std::string copy = TempDir + "\\song.mp3";
+  ASSERT_THAT(desk.opened, SizeIs(2));
+  EXPECT_EQ(desk.opened[0].file, copy);
+  EXPECT_EQ(desk.opened[1].file, copy);
+  EXPECT_THAT(archiveLibrary.calls, SizeIs(1));
+  EXPECT_EQ(archiveLibrary.calls[0].options.lpszZipFN, "C:\\data\\a.zip");
+  EXPECT_EQ(FileTable.FileLocalName[2], copy);
+}
+
+TEST_F(OpeningTest, PasswordIsTold) {
+  showZipEntry("song");
+  archiveLibrary.contents["C:\\data\\a.zip"][0].encrypted = true;
+  basOpenFile(form);
+  EXPECT_EQ(dialogBoxes.messages.back(), "Can not launch file as the Zip file requires a password");
+  EXPECT_EQ(FileTable.FileLocalName[2], "");
+  EXPECT_THAT(desk.opened, IsEmpty());
+}
+
+TEST_F(OpeningTest, EntryThatCannotBeExtractedOpensNothing) {
+  showZipEntry("song");
+  archiveLibrary.contents.clear();
+  basOpenFile(form);
+  EXPECT_THAT(desk.opened, IsEmpty());
+  EXPECT_THAT(dialogBoxes.messages, testing::Not(testing::Contains(testing::HasSubstr("Can not"))));
+}
+
+TEST_F(OpeningTest, DirectoryIsExplored) {
+  showFiles(5);
+  select(3, 3);
+  form.screen.log.clear();
+  basOpenDir(form);
+  ASSERT_THAT(desk.opened, SizeIs(1));
+  EXPECT_EQ(desk.opened[0].operation, "explore");
+  EXPECT_EQ(desk.opened[0].file, "\"C:\\music\"");
+  EXPECT_EQ(desk.opened[0].window, form.hWnd());
+  EXPECT_THAT(form.screen.log, ElementsAre("focus"));
+}
+
+TEST_F(OpeningTest, DirectoryOfAZipEntryIsThatOfItsArchive) {
+  showZipEntry("song");
+  basOpenDir(form);
+  ASSERT_THAT(desk.opened, SizeIs(1));
+  EXPECT_EQ(desk.opened[0].file, "\"C:\\data\"");
+}
+
+}  // namespace
+}  // namespace quernstoke

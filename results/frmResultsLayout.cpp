@@ -1,0 +1,124 @@
+// Where the controls of the results window lie.
+
+#include <QScreen>
+#include <algorithm>
+
+#include "controls/flexGrid.h"
+#include "controls/measuringLabel.h"
+#include "controls/panelStatusBar.h"
+#include "core/procedure.h"
+#include "pictures/pictures.h"
+#include "results/frmResults.h"
+#include "results/resultsGrid.h"
+#include "settings/settings.h"
+#include "ui_frmResults.h"
+
+namespace quernstoke::forms {
+
+namespace {
+
+constexpr QSize helpButton(26, 72);
+constexpr int narrowestHelp = 150;
+constexpr int widestHelp = 260;
+
+}  // namespace
+
+bool frmResults::helpIsShown() const {
+  return ui_->fraHelp->isVisibleTo(this);
+}
+
+void frmResults::showHelpPicture() {
+  ui_->cmdSHowHideHelp->setIcon(picture(helpIsShown() ? "HelpHide" : "HelpUnhide"));
+}
+
+void frmResults::focusGrid() {
+  if (gridMatches().visible()) gridMatches().setFocus();
+}
+
+void frmResults::cmdSHowHideHelp_Click() {
+  procedure("cmdShowHideHelp_Click", [this] {
+    const bool shown = !helpIsShown();
+    ui_->fraHelp->setVisible(shown);
+    GlobalSettings.HelpPanel = shown;
+    showHelpPicture();
+    basPositionFormObjects(shown ? -1 : 0);
+    focusGrid();
+  });
+}
+
+int frmResults::margin() const {
+  return ui_->picResultButtons->x();
+}
+
+// Of all that stands above the status bar.
+int frmResults::columnHeight() const {
+  return ui_->sbarStatus->y() - 2 * margin();
+}
+
+int frmResults::columnWidth() const {
+  return std::max(ui_->picActions->sizeHint().width(), ui_->cmdClose->sizeHint().width());
+}
+
+int frmResults::gridLeft() const {
+  return 2 * margin() + columnWidth();
+}
+
+void frmResults::placeStatusBar() {
+  const int barHeight = ui_->sbarStatus->minimumSizeHint().height();
+  ui_->sbarStatus->setGeometry(0, height() - barHeight, width(), barHeight);
+}
+
+void frmResults::placeAtRight() {
+  QPushButton& button = *ui_->cmdSHowHideHelp;
+  button.setGeometry(width() - helpButton.width(), (height() - helpButton.height()) / 2,
+                     helpButton.width(), helpButton.height());
+  const int helpWidth = std::clamp(width() / 4, narrowestHelp, widestHelp);
+  ui_->fraHelp->setGeometry(button.x() - helpWidth, margin(), helpWidth, columnHeight());
+  showHelpPicture();
+  const int barWidth = ui_->vscrGridMatches->sizeHint().width();
+  const int right = helpIsShown() ? ui_->fraHelp->x() : button.x();
+  ui_->vscrGridMatches->setGeometry(right - barWidth, margin(), barWidth, columnHeight());
+}
+
+void frmResults::placeGrid() {
+  const QRect bar = ui_->vscrGridMatches->geometry();
+  ui_->gridMatches->setGeometry(gridLeft(), margin(), bar.x() - gridLeft(), columnHeight());
+  QLabel& empty = *ui_->labNoDuplicates;
+  empty.setGeometry(gridLeft(), height() / 2, ui_->gridMatches->width() + bar.width(),
+                    empty.sizeHint().height());
+}
+
+void frmResults::placeButtons() {
+  ui_->picResultButtons->setGeometry(margin(), margin(), columnWidth(), columnHeight());
+  ui_->picActions->setGeometry(0, 0, columnWidth(), ui_->picActions->sizeHint().height());
+  const int closeHeight = ui_->cmdClose->sizeHint().height();
+  ui_->cmdClose->setGeometry(0, columnHeight() - closeHeight - 2 * margin(), columnWidth(),
+                             closeHeight);
+}
+
+// So that no button hides another and a page has room, as far as the screen has.
+void frmResults::limitSize() {
+  ensurePolished();
+  constexpr int narrowestGrid = 440;
+  const int buttons =
+      ui_->picActions->sizeHint().height() + ui_->cmdClose->sizeHint().height() + 5 * margin();
+  const QSize least(
+      gridLeft() + narrowestGrid + ui_->vscrGridMatches->sizeHint().width() + helpButton.width(),
+      buttons + ui_->sbarStatus->minimumSizeHint().height());
+  setMinimumSize(least.boundedTo(screen()->availableSize()));
+}
+
+// From right to left, as each lies beside the one before.
+void frmResults::basPositionFormObjects(Int16 keepOrder) {
+  procedure("basPositionFormObjects", [&] {
+    if (shownState() == ShownState::minimised) return;
+    closeMenus();
+    placeStatusBar();
+    placeAtRight();
+    placeGrid();
+    placeButtons();
+    basBuildWholeGrid(*this, 0, keepOrder);
+  });
+}
+
+}  // namespace quernstoke::forms
