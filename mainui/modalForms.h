@@ -17,6 +17,7 @@ struct ModalForms {
   std::function<void()> frmAddFileType;
   std::function<void()> frmDirTree;
   std::function<void()> frmExportResults;
+  std::function<void()> frmDirMatch;
   std::function<void()> frmGetDirName;
   std::function<void()> frmSplashScreen;
 };
