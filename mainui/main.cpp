@@ -7,6 +7,7 @@
 
 #include "controls/form.h"
 #include "core/modMain.h"
+#include "dirmatch/frmDirMatch.h"
 #include "export/frmExportResults.h"
 #include "mainui/frmGetDirName.h"
 #include "mainui/frmMainWindow.h"
@@ -94,6 +95,7 @@ int run(int argc, char** argv) {
   modalForms.frmSplashScreen = [] { (new forms::frmSplashScreen)->showModal(); };
   modalForms.frmGetDirName = [] { (new forms::frmGetDirName)->showModal(); };
   modalForms.frmExportResults = [] { (new forms::frmExportResults)->showModal(); };
+  modalForms.frmDirMatch = [] { (new forms::frmDirMatch)->showModal(); };
   modalForms.frmDirTree = [&] { chooseDirectory(drives); };
   modalForms.frmAddFileType = [&] {
     quernstoke::dialogs().messageBox("File types can't be edited yet");
