@@ -1,5 +1,6 @@
 #include "platform/linux/fileCopy.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <memory>
@@ -40,16 +41,20 @@ int writeAll(int target, const char* bytes, std::size_t length) {
   return 0;
 }
 
-int copyContent(int source, int target) {
+// No more than the length that the file had, as one that grows all the time has no end.
+int copyContent(int source, int target, off_t length) {
   const auto buffer = std::make_unique<char[]>(bufferSize);
-  for (;;) {
-    const ssize_t length = ::read(source, buffer.get(), bufferSize);
-    if (length < 0 && errno == EINTR) continue;
-    if (length < 0) return -errno;
-    if (length == 0) return 0;
-    const int outcome = writeAll(target, buffer.get(), static_cast<std::size_t>(length));
+  while (length > 0) {
+    const std::size_t wanted = std::min(bufferSize, static_cast<std::size_t>(length));
+    const ssize_t got = ::read(source, buffer.get(), wanted);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return -errno;
+    if (got == 0) return -EAGAIN;  // It has been cut.
+    const int outcome = writeAll(target, buffer.get(), static_cast<std::size_t>(got));
     if (outcome < 0) return outcome;
+    length -= got;
   }
+  return 0;
 }
 
 // So that a file that doesn't fit is refused before the disk is full of it.
@@ -106,7 +111,7 @@ int openSource(const Descriptor& directory, const std::string& name, struct stat
 
 int fill(int target, int source, const struct stat& facts) {
   int outcome = reserveRoom(target, facts.st_size);
-  if (outcome >= 0) outcome = copyContent(source, target);
+  if (outcome >= 0) outcome = copyContent(source, target, facts.st_size);
   if (outcome < 0) return outcome;
   copyFacts(facts, source, target);
   return outcomeOf([&] { return ::fsync(target); });

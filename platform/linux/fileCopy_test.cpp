@@ -8,6 +8,7 @@
 #include <set>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/time.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -164,6 +165,39 @@ TEST_F(FileCopyTest, FileThatIsTooLongLeavesNothing) {
   EXPECT_EQ(-EFBIG, outcome);
   EXPECT_THAT(targets(), IsEmpty());
   EXPECT_TRUE(longContent() == tree_.content("from/file"));
+}
+
+// Appends to a file every moment, in the midst of whatever else is done.
+class RestlessWriter {
+ public:
+  explicit RestlessWriter(const std::string& path) {
+    file_ = ::open(path.c_str(), O_WRONLY | O_APPEND);
+    struct sigaction action {};
+    action.sa_handler = [](int) { (void)!::write(file_, "x", 1); };
+    action.sa_flags = SA_RESTART;
+    ::sigaction(SIGALRM, &action, &before_);
+    const itimerval often{{0, 200}, {0, 200}};
+    ::setitimer(ITIMER_REAL, &often, nullptr);
+  }
+  ~RestlessWriter() {
+    const itimerval never{};
+    ::setitimer(ITIMER_REAL, &never, nullptr);
+    ::sigaction(SIGALRM, &before_, nullptr);
+    ::close(file_);
+  }
+  RestlessWriter(const RestlessWriter&) = delete;
+  RestlessWriter& operator=(const RestlessWriter&) = delete;
+
+ private:
+  static inline int file_ = -1;
+  struct sigaction before_ {};
+};
+
+TEST_F(FileCopyTest, FileThatChangesMeanwhileIsNotCopied) {
+  tree_.file("from/file", std::string(30'000'000, 'x'));
+  const RestlessWriter writer(tree_.path("from/file"));
+  EXPECT_EQ(-EAGAIN, copy("file"));
+  EXPECT_THAT(targets(), IsEmpty());
 }
 
 TEST_F(FileCopyTest, FullDiskIsLeftAsItWas) {
