@@ -12,6 +12,7 @@
 #include "detect/modLinkedList.h"
 #include "detect/refinement.h"
 #include "detect/tempStore.h"
+#include "dirmatch/dirMatchRows.h"
 #include "mainui/modalForms.h"
 #include "mainui/quickHelp.h"
 #include "progress/scanStatus.h"
@@ -76,6 +77,13 @@ void resetResults() {
   GridFirstFile = GridLastFile = GridPrevScroll = 0;
 }
 
+void resetDirMatch() {
+  DirMatchBase = {};
+  DirMatchRows.redim(0, false);
+  DirMatchRowCount = 0;
+  DirMatchGridMap.redim(0, false);
+}
+
 }  // namespace
 
 void resetToStartUpState() {
@@ -85,6 +93,7 @@ void resetToStartUpState() {
   resetDetection();
   resetDialogs();
   resetResults();
+  resetDirMatch();
 }
 
 }  // namespace quernstoke

@@ -6,6 +6,7 @@
 
 #include "controls/form.h"
 #include "core/modMain.h"
+#include "dirmatch/frmDirMatch.h"
 #include "export/frmExportResults.h"
 #include "mainui/frmDirParent.h"
 #include "mainui/frmGetDirName.h"
@@ -71,6 +72,7 @@ int run(int argc, char** argv) {
   modalForms.frmGetDirName = [] { (new forms::frmGetDirName)->showModal(); };
   modalForms.frmExportResults = [] { (new forms::frmExportResults)->showModal(); };
   modalForms.frmDirParent = [] { (new forms::frmDirParent)->showModal(); };
+  modalForms.frmDirMatch = [] { (new forms::frmDirMatch)->showModal(); };
   modalForms.frmDirTree = [&] { chooseDirectory(drives); };
   modalForms.frmAddFileType = [&] {
     quernstoke::dialogs().messageBox("File types can't be edited yet");

@@ -74,6 +74,10 @@ class FileSystem {
   // through no link: what else stands there now, be it under another letter case, counts as not
   // there.
   virtual void removeWalked(std::string_view path, std::string_view root) = 0;
+  // Copies such a file to a path at which there is nothing, in any letter case, with its date and
+  // its permissions as far as the disk there keeps them. When it returns, the copy has reached the
+  // disk; when it fails, nothing is left at that path. A file that changes meanwhile fails.
+  virtual void copyWalked(std::string_view path, std::string_view root, std::string_view to) = 0;
   virtual void rename(std::string_view from, std::string_view to) = 0;  // Never over a file.
 
   // Positions count bytes from 0. Reading and writing move the file's position on.

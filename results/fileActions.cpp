@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <string>
-#include <string_view>
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
 #include "catalogue/modUnzip.h"
+#include "catalogue/walkRoot.h"
 #include "controls/flexGridModel.h"
 #include "core/probes.h"
 #include "core/procedure.h"
@@ -39,24 +39,6 @@ bool isInZip(const DirRow& directory) {
 
 std::string pathOnDisk(Int32 file) {
   return directoryOf(file).name + "\\" + std::string(FileTable.FileName[file]);
-}
-
-bool liesIn(std::string_view directory, std::string_view above) {
-  return directory.starts_with(above) &&
-         (directory.size() == above.size() || directory[above.size()] == '\\');
-}
-
-// Where the walk that found a directory began: the nearest of the directories that the person has
-// named, which alone may be reached by links. A list without one vouches for nothing above.
-std::string walkRootOf(const std::string& directory) {
-  std::string root;
-  for (Int32 row = 1; row <= DirCount; ++row) {
-    const DirRow& start = DirTable[row];
-    if (start.kind == dirKind::directory && start.parent == noParent &&
-        start.name.size() > root.size() && liesIn(directory, start.name))
-      root = start.name;
-  }
-  return root.empty() ? directory : root;
 }
 
 // Removes the file. Returns whether it was there.

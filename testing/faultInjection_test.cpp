@@ -63,6 +63,7 @@ FailureNumber usualFailure(DiskAction action) {
       return FailureNumber::fileNotFound;
     case DiskAction::makeDirectory:
     case DiskAction::removeDirectory:
+    case DiskAction::copy:
     case DiskAction::rename:
       return FailureNumber::pathFileAccess;
     case DiskAction::clearAttributes:

@@ -89,6 +89,7 @@ std::string describe(const DiskCall& call) {
                                      "length of",
                                      "date of",
                                      "remove",
+                                     "copy",
                                      "rename",
                                      "open",
                                      "read",
@@ -388,25 +389,44 @@ void MemoryFileSystem::remove(std::string_view path) {
   erase(path);
 }
 
-void MemoryFileSystem::removeWalked(std::string_view path, std::string_view root) {
-  note(DiskAction::remove, path);
+// The file that a walk from the root has come upon, by its exact names.
+std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::needWalked(std::string_view path,
+                                                                     std::string_view root) const {
   std::shared_ptr<Node> node = need(root, FailureNumber::pathNotFound);
   if (!path.starts_with(root) || !path.substr(root.size()).starts_with('\\'))
     fail(FailureNumber::pathNotFound);
   const std::vector<std::string> names = components(path.substr(root.size()));
-  std::shared_ptr<Node> directory;
+  if (names.empty()) fail(FailureNumber::fileNotFound);
   for (const std::string& name : names) {
     if (!node->isDirectory) fail(FailureNumber::pathNotFound);
-    directory = node;
-    const auto child = findNamed(directory->children, name);
+    const auto child = findNamed(node->children, name);
     const bool isLast = &name == &names.back();
-    if (child == directory->children.end() || (*child)->name != name ||
-        (*child)->isDirectory == isLast)
+    if (child == node->children.end() || (*child)->name != name || (*child)->isDirectory == isLast)
       fail(isLast ? FailureNumber::fileNotFound : FailureNumber::pathNotFound);
     node = *child;
   }
-  if (!directory) fail(FailureNumber::fileNotFound);
-  std::erase(directory->children, node);
+  return node;
+}
+
+void MemoryFileSystem::removeWalked(std::string_view path, std::string_view root) {
+  note(DiskAction::remove, path);
+  const auto node = needWalked(path, root);
+  std::erase(needParent(path)->children, node);
+}
+
+void MemoryFileSystem::copyWalked(std::string_view path, std::string_view root,
+                                  std::string_view to) {
+  note(DiskAction::copy, path);
+  const auto source = needWalked(path, root);
+  needParent(to);
+  if (find(to)) fail(FailureNumber::fileAlreadyExists);
+  if (freeBytes && *freeBytes < source->length()) fail(FailureNumber::diskFull);
+  if (freeBytes) *freeBytes -= source->length();
+  const auto copy = addFile(to);
+  copy->content = source->content;
+  copy->pretendedLength = source->pretendedLength;
+  copy->flags = source->flags;
+  copy->modified = source->modified;
 }
 
 void MemoryFileSystem::rename(std::string_view from, std::string_view to) {

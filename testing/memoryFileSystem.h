@@ -29,6 +29,7 @@ enum class DiskAction {
   length,
   modified,
   remove,
+  copy,
   rename,
   open,
   read,
@@ -95,6 +96,7 @@ class MemoryFileSystem : public FileSystem {
   DateTime modified(std::string_view path) override;
   void remove(std::string_view path) override;
   void removeWalked(std::string_view path, std::string_view root) override;
+  void copyWalked(std::string_view path, std::string_view root, std::string_view to) override;
   void rename(std::string_view from, std::string_view to) override;
   FileNumber open(std::string_view path, OpenMode mode) override;
   std::size_t read(FileNumber file, std::span<char> into) override;
@@ -122,6 +124,7 @@ class MemoryFileSystem : public FileSystem {
   std::shared_ptr<Node> find(std::string_view path) const;
   std::shared_ptr<Node> need(std::string_view path, FailureNumber otherwise) const;
   std::shared_ptr<Node> needParent(std::string_view path) const;
+  std::shared_ptr<Node> needWalked(std::string_view path, std::string_view root) const;
   std::shared_ptr<Node> addFile(std::string_view path);
   OpenFile& opened(FileNumber file);
   static void put(OpenFile& to, std::string_view bytes);

@@ -8,29 +8,14 @@
 #include <unistd.h>
 #include <utility>
 
+#include "platform/linux/exactPath.h"
 #include "platform/linux/systemCall.h"
 
 namespace quernstoke {
 
 namespace {
 
-bool isName(const std::string& name) {
-  return !name.empty() && name != "." && name != "..";
-}
-
-int enterDirectory(Descriptor& directory, const std::string& name) {
-  if (!isName(name)) return -ENOTDIR;
-  const int outcome = outcomeOf([&] {
-    return ::openat(directory.get(), name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-  });
-  if (outcome == -ENOENT || outcome == -ELOOP) return -ENOTDIR;
-  if (outcome < 0) return outcome;
-  directory = Descriptor(outcome);
-  return 0;
-}
-
 int removeFile(const Descriptor& directory, const std::string& name) {
-  if (!isName(name)) return -ENOENT;
   return outcomeOf([&] {
     struct stat facts;
     if (::fstatat(directory.get(), name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0) return -1;
@@ -45,12 +30,9 @@ int removeFile(const Descriptor& directory, const std::string& name) {
 }  // namespace
 
 int removeBelow(Descriptor directory, std::string_view relativePath) {
-  for (std::size_t slash; (slash = relativePath.find('/')) != std::string_view::npos;) {
-    const int outcome = enterDirectory(directory, std::string(relativePath.substr(0, slash)));
-    if (outcome < 0) return outcome;
-    relativePath.remove_prefix(slash + 1);
-  }
-  return removeFile(directory, std::string(relativePath));
+  std::string name;
+  const int outcome = enterExactly(directory, relativePath, name);
+  return outcome < 0 ? outcome : removeFile(directory, name);
 }
 
 }  // namespace quernstoke

@@ -174,6 +174,47 @@ TYPED_TEST(FileSystemContractTest, WalkedFileIsTakenByItsExactNames) {
   EXPECT_FAILURE(fileNotFound, this->files_.attributes(this->at("Dir\\File")));
 }
 
+TYPED_TEST(FileSystemContractTest, WalkedFileIsCopied) {
+  this->files_.makeDirectory(this->at("Dir"));
+  this->makeFile("Dir\\File", "content");
+  this->disk_.makeReadOnly("Dir/File");
+  this->files_.copyWalked(this->at("Dir\\File"), this->disk_.root, this->at("Copy"));
+  EXPECT_EQ("content", this->content("Copy"));
+  EXPECT_EQ("content", this->content("Dir\\File"));
+  EXPECT_EQ(this->files_.modified(this->at("Dir\\File")), this->files_.modified(this->at("Copy")));
+  EXPECT_EQ(attributeReadOnly | attributeArchive, this->files_.attributes(this->at("Copy")));
+}
+
+TYPED_TEST(FileSystemContractTest, WalkedFileIsCopiedByItsExactNames) {
+  this->files_.makeDirectory(this->at("Dir"));
+  this->makeFile("Dir\\File");
+  const auto copy = [&](const std::string& name, const std::string& root) {
+    this->files_.copyWalked(this->at(name), root, this->at("Copy"));
+  };
+  EXPECT_FAILURE(fileNotFound, copy("Dir\\file", this->disk_.root));
+  EXPECT_FAILURE(pathNotFound, copy("dir\\File", this->disk_.root));
+  EXPECT_FAILURE(fileNotFound, copy("Dir", this->disk_.root));
+  EXPECT_FAILURE(pathNotFound, copy("Dir\\File", this->at("Di")));
+  EXPECT_FAILURE(pathNotFound, copy("Dir\\File", this->at("none")));
+  EXPECT_THAT(this->names(attributeArchive), testing::IsEmpty());
+  copy("dir\\File", this->at("dir"));
+  EXPECT_THAT(this->names(attributeArchive), testing::ElementsAre("Copy"));
+}
+
+TYPED_TEST(FileSystemContractTest, CopyNeverReplaces) {
+  this->makeFile("from", "from");
+  this->makeFile("To", "to");
+  this->files_.makeDirectory(this->at("made"));
+  for (const char* name : {"To", "TO", "made", "from"})
+    EXPECT_FAILURE(fileAlreadyExists,
+                   this->files_.copyWalked(this->at("from"), this->disk_.root, this->at(name)))
+        << name;
+  EXPECT_FAILURE(pathNotFound,
+                 this->files_.copyWalked(this->at("from"), this->disk_.root, this->at("none\\to")));
+  EXPECT_EQ("from", this->content("from"));
+  EXPECT_EQ("to", this->content("To"));
+}
+
 TYPED_TEST(FileSystemContractTest, RenameNeverReplaces) {
   this->makeFile("from", "from");
   this->makeFile("To", "to");

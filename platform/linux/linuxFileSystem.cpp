@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/linux/exactRemoval.h"
+#include "platform/linux/fileCopy.h"
 #include "platform/linux/linuxDirectoryListing.h"
 #include "platform/linux/pathLookup.h"
 #include "platform/linux/renaming.h"
@@ -233,12 +234,27 @@ void LinuxFileSystem::remove(std::string_view path) {
         Subject::file);
 }
 
-void LinuxFileSystem::removeWalked(std::string_view path, std::string_view root) {
+Descriptor LinuxFileSystem::openRoot(std::string_view root) {
   const int outcome = atPath(toLinux(root), [](int at, const char* name) {
     return ::openat(at, name, O_PATH | O_DIRECTORY | O_CLOEXEC);
   });
   check(outcome, Subject::directory);
-  check(removeBelow(Descriptor(outcome), drives_.linuxPath(behindRoot(path, root))), Subject::file);
+  return Descriptor(outcome);
+}
+
+void LinuxFileSystem::removeWalked(std::string_view path, std::string_view root) {
+  check(removeBelow(openRoot(root), drives_.linuxPath(behindRoot(path, root))), Subject::file);
+}
+
+void LinuxFileSystem::copyWalked(std::string_view path, std::string_view root,
+                                 std::string_view to) {
+  const std::string source = drives_.linuxPath(behindRoot(path, root));
+  Descriptor directory = openRoot(root);
+  const Place target = locate(toLinux(to));
+  if (target.exists) fail(FailureNumber::fileAlreadyExists);
+  if (target.error != ENOENT) failWith(target.error, Subject::file);
+  check(copyBelow(std::move(directory), source, target.directory.get(), target.name),
+        Subject::file);
 }
 
 void LinuxFileSystem::rename(std::string_view from, std::string_view to) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "platform/fileSystem.h"
+#include "platform/linux/descriptor.h"
 #include "platform/linux/localTime.h"
 #include "platform/linux/openFiles.h"
 #include "platform/linux/passedOver.h"
@@ -30,6 +31,7 @@ class LinuxFileSystem final : public FileSystem {
   DateTime modified(std::string_view path) override;
   void remove(std::string_view path) override;
   void removeWalked(std::string_view path, std::string_view root) override;
+  void copyWalked(std::string_view path, std::string_view root, std::string_view to) override;
   void rename(std::string_view from, std::string_view to) override;
 
   FileNumber open(std::string_view path, OpenMode mode) override;
@@ -47,6 +49,7 @@ class LinuxFileSystem final : public FileSystem {
 
  private:
   const std::string& toLinux(std::string_view path);
+  Descriptor openRoot(std::string_view root);
 
   DriveTable drives_;
   LocalTime localTime_;

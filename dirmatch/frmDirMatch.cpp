@@ -1,0 +1,162 @@
+#include "dirmatch/frmDirMatch.h"
+
+#include <QScreen>
+#include <algorithm>
+#include <utility>
+
+#include "catalogue/dirTable.h"
+#include "controls/flexGrid.h"
+#include "controls/measuringLabel.h"
+#include "controls/units.h"
+#include "core/procedure.h"
+#include "detect/refinement.h"
+#include "dirmatch/dirMatchActions.h"
+#include "dirmatch/dirMatchGrid.h"
+#include "dirmatch/dirMatchRows.h"
+#include "dirmatch/dirMatchSelection.h"
+#include "platform/qt/qtText.h"
+#include "ui_frmDirMatch.h"
+
+namespace quernstoke::forms {
+
+namespace {
+
+constexpr int leastTwips = 9000;  // Of the window's width and height.
+
+}  // namespace
+
+// Adds to a text the space that the grid leaves beside it.
+class CellRuler : public TextRuler {
+ public:
+  CellRuler(const MeasuringLabel& label, const FlexGrid& grid) : label_(label), grid_(grid) {}
+  std::int32_t width(std::string_view text) const override {
+    return label_.width(text) + twipsFromPixels(2 * gridTextMargin(grid_));
+  }
+
+ private:
+  const MeasuringLabel& label_;
+  const FlexGrid& grid_;
+};
+
+frmDirMatch::frmDirMatch() : ui_(std::make_unique<Ui::frmDirMatch>()) {
+  ui_->setupUi(this);
+  cellRuler_ = std::make_unique<CellRuler>(*ui_->labSizer, *ui_->griddir);
+  // The window keeps its height when the details come and go.
+  QSizePolicy keepingRoom = ui_->picFileDetails->sizePolicy();
+  keepingRoom.setRetainSizeWhenHidden(true);
+  ui_->picFileDetails->setSizePolicy(keepingRoom);
+  ui_->picFileDetails->hide();
+  ui_->labFileDetailsMessage_0->hide();
+  setCancelButton(*ui_->cmdClose);
+  connectControls();
+  ui_->griddir->setFocus();
+}
+
+frmDirMatch::~frmDirMatch() = default;
+
+void frmDirMatch::connectControls() {
+  const auto onClick = [this](QAbstractButton* button, auto handler) {
+    connect(button, &QAbstractButton::clicked, this, handler);
+  };
+  using Action = void (*)(DirMatchControls&, Int32);
+  const auto onSide = [&](QPushButton* button, Action action, int side) {
+    onClick(button, [this, action, side] { action(*this, side); });
+  };
+  onSide(ui_->cmdDelete_0, cmdDelete_Click, dirMatchSide::left);
+  onSide(ui_->cmdDelete_1, cmdDelete_Click, dirMatchSide::right);
+  onSide(ui_->cmdMove_0, cmdMove_Click, dirMatchSide::left);
+  onSide(ui_->cmdMove_1, cmdMove_Click, dirMatchSide::right);
+  onSide(ui_->cmdOpen_0, cmdOpen_Click, dirMatchSide::left);
+  onSide(ui_->cmdOpen_1, cmdOpen_Click, dirMatchSide::right);
+  onClick(ui_->chkShowAll, [this] { basProcessFiles(*this); });
+  onClick(ui_->cmdClose, [this] { unload(); });
+  connect(ui_->griddir, &FlexGrid::click, this, &frmDirMatch::selectByMouse);
+  connect(ui_->griddir, &FlexGrid::keyUp, this, &frmDirMatch::selectByKey);
+}
+
+void frmDirMatch::Form_Load() {
+  procedure("Form_Load", [this] {
+    DirMatchBase = {DirTable[DirMatchDir1].name, DirTable[DirMatchDir2].name};
+    showDirMatchBases(*this);
+    griddir().setFormatString(dirMatchTitles);
+    basProcessFiles(*this);
+    ui_->labSizer->setFont(ui_->griddir->font());
+    firstActivation_ = true;
+    filePointersBefore_ = FilePointerArray;
+    limitSize();
+  });
+}
+
+void frmDirMatch::Form_Activate() {
+  procedure("Form_Activate", [this] {
+    if (std::exchange(firstActivation_, false)) basPositionFormObjects();
+  });
+}
+
+void frmDirMatch::Form_Resize() {
+  ignoringFailure([this] {
+    if (shownState() != ShownState::minimised) basPositionFormObjects();
+  });
+}
+
+void frmDirMatch::Form_Unload() {
+  procedure("Form_Unload", [this] { FilePointerArray.swap(filePointersBefore_); });
+}
+
+void frmDirMatch::selectByMouse() {
+  griddir_Click(*this);
+  selectedCol_ = griddir().col();
+}
+
+void frmDirMatch::selectByKey() {
+  griddir_KeyUp(*this, selectedCol_);
+  selectedCol_ = griddir().col();
+}
+
+// The rest lies where its layouts put it.
+void frmDirMatch::basPositionFormObjects() {
+  showDirMatchBases(*this);
+  setDirMatchColumnWidths(*this);
+}
+
+// As far as the screen is large enough.
+void frmDirMatch::limitSize() {
+  const int least = pixelsFromTwips(leastTwips);
+  setMinimumSize(QSize(least, least).boundedTo(screen()->availableSize()));
+}
+
+// The controls.
+
+FlexGridModel& frmDirMatch::griddir() {
+  return ui_->griddir->model();
+}
+bool frmDirMatch::chkShowAll() const {
+  return ui_->chkShowAll->isChecked();
+}
+const TextRuler& frmDirMatch::labSizer() const {
+  return *ui_->labSizer;
+}
+const TextRuler& frmDirMatch::cellRuler() const {
+  return *cellRuler_;
+}
+Int32 frmDirMatch::labDirNameGap() const {
+  const QRect left = ui_->labDirName_0->geometry();
+  return twipsFromPixels(ui_->labDirName_1->x() - left.x() - left.width());
+}
+Int32 frmDirMatch::width(std::string_view label) const {
+  return twipsFromPixels(findChild<QWidget*>(qtText(label))->width());
+}
+void frmDirMatch::setText(std::string_view label, std::string_view text) {
+  findChild<QLabel*>(qtText(label))->setText(qtText(text));
+}
+void frmDirMatch::setVisible(std::string_view control, bool visible) {
+  findChild<QWidget*>(qtText(control))->setVisible(visible);
+}
+void frmDirMatch::setEnabled(std::string_view control, bool enabled) {
+  findChild<QWidget*>(qtText(control))->setEnabled(enabled);
+}
+std::intptr_t frmDirMatch::hWnd() const {
+  return static_cast<std::intptr_t>(winId());
+}
+
+}  // namespace quernstoke::forms
