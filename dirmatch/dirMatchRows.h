@@ -5,14 +5,9 @@
 
 #include "core/integers.h"
 #include "core/table.h"
-#include "mainui/modalForms.h"
+#include "results/directoryMatch.h"
 
 namespace quernstoke {
-
-// The directories that are shown side by side, as rows of DirTable. While the window is open, the
-// slots of the dialogs are theirs.
-inline Int32& DirMatchDir1 = DialogValue;
-inline Int32& DirMatchDir2 = DialogValue2;
 
 namespace dirMatchSide {
 constexpr int none = -1;
