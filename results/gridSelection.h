@@ -18,6 +18,11 @@ struct RowArea {
 // The rows of the file at `row`, which becomes the first of them; rows of -1 for an empty row.
 RowArea basSelectedRowArea(Int32& row, const FlexGridModel& grid);
 
+// The selection's rows from above, whichever way it was dragged.
+RowArea selectedRows(const FlexGridModel& grid);
+
+void focusIfVisible(FlexGridModel& grid);
+
 // The left button was clicked or a selection dragged: widens the selection to whole files, and
 // toggles their ticks if it began in the column of ticks.
 void gridMatches_Click(ResultsControls& form);

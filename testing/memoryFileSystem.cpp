@@ -246,6 +246,10 @@ void MemoryFileSystem::setAttributes(std::string_view path, int attributes) {
       attributes & (attributeReadOnly | attributeHidden | attributeSystem);
 }
 
+void MemoryFileSystem::mountAgain(std::string_view directory, std::string_view drive) {
+  drives_[folded(drive)] = need(directory, FailureNumber::pathNotFound);
+}
+
 void MemoryFileSystem::erase(std::string_view path) {
   const auto node = need(path, FailureNumber::fileNotFound);
   std::erase(needParent(path)->children, node);
@@ -363,12 +367,14 @@ void MemoryFileSystem::remove(std::string_view path) {
   erase(path);
 }
 
-void MemoryFileSystem::removeWalked(std::string_view path, std::string_view root) {
+void MemoryFileSystem::removeWalked(const WalkedFile& file) {
+  const auto& [path, root, size, modified] = file;
   note(DiskAction::remove, path);
-  std::shared_ptr<Node> node = need(root, FailureNumber::pathNotFound);
   if (!path.starts_with(root) || !path.substr(root.size()).starts_with('\\'))
     fail(FailureNumber::pathNotFound);
-  const std::vector<std::string> names = components(path.substr(root.size()));
+  std::vector<std::string> names = components(path);
+  std::shared_ptr<Node> node = need(names.front(), FailureNumber::pathNotFound);
+  names.erase(names.begin());
   std::shared_ptr<Node> directory;
   for (const std::string& name : names) {
     if (!node->isDirectory) fail(FailureNumber::pathNotFound);
@@ -381,7 +387,13 @@ void MemoryFileSystem::removeWalked(std::string_view path, std::string_view root
     node = *child;
   }
   if (!directory) fail(FailureNumber::fileNotFound);
+  if (node->length() != size || node->modified != modified) fail(FailureNumber::fileChanged);
   std::erase(directory->children, node);
+}
+
+bool MemoryFileSystem::isSameFile(std::string_view path, std::string_view other) {
+  const auto node = find(path);
+  return node && node == find(other);
 }
 
 void MemoryFileSystem::rename(std::string_view from, std::string_view to) {

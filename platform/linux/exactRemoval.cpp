@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <string>
-#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -29,7 +28,8 @@ int enterDirectory(Descriptor& directory, const std::string& name) {
   return 0;
 }
 
-int removeFile(const Descriptor& directory, const std::string& name) {
+int removeFile(const Descriptor& directory, const std::string& name,
+               const std::function<void(const struct stat&)>& refuse) {
   if (!isName(name)) return -ENOENT;
   return outcomeOf([&] {
     struct stat facts;
@@ -38,19 +38,21 @@ int removeFile(const Descriptor& directory, const std::string& name) {
       errno = ENOENT;
       return -1;
     }
+    refuse(facts);
     return ::unlinkat(directory.get(), name.c_str(), 0);
   });
 }
 
 }  // namespace
 
-int removeBelow(Descriptor directory, std::string_view relativePath) {
+int removeBelow(Descriptor directory, std::string_view relativePath,
+                const std::function<void(const struct stat&)>& refuse) {
   for (std::size_t slash; (slash = relativePath.find('/')) != std::string_view::npos;) {
     const int outcome = enterDirectory(directory, std::string(relativePath.substr(0, slash)));
     if (outcome < 0) return outcome;
     relativePath.remove_prefix(slash + 1);
   }
-  return removeFile(directory, std::string(relativePath));
+  return removeFile(directory, std::string(relativePath), refuse);
 }
 
 }  // namespace quernstoke

@@ -233,12 +233,29 @@ void LinuxFileSystem::remove(std::string_view path) {
         Subject::file);
 }
 
-void LinuxFileSystem::removeWalked(std::string_view path, std::string_view root) {
-  const int outcome = atPath(toLinux(root), [](int at, const char* name) {
-    return ::openat(at, name, O_PATH | O_DIRECTORY | O_CLOEXEC);
-  });
+void LinuxFileSystem::removeWalked(const WalkedFile& file) {
+  const std::string& root = toLinux(file.root);
+  const int outcome =
+      outcomeOf([&] { return ::open(root.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC); });
   check(outcome, Subject::directory);
-  check(removeBelow(Descriptor(outcome), drives_.linuxPath(behindRoot(path, root))), Subject::file);
+  const auto refuseChanged = [&](const struct stat& facts) {
+    if (facts.st_size != file.size || localTime_.at(facts.st_mtime) != file.modified)
+      fail(FailureNumber::fileChanged);
+  };
+  check(removeBelow(Descriptor(outcome), drives_.linuxPath(behindRoot(file.path, file.root)),
+                    refuseChanged),
+        Subject::file);
+}
+
+bool LinuxFileSystem::isSameFile(std::string_view path, std::string_view other) {
+  struct stat left;
+  struct stat right;
+  const auto read = [this](std::string_view of, struct stat& facts) {
+    return atPath(toLinux(of),
+                  [&](int at, const char* name) { return ::fstatat(at, name, &facts, 0); }) >= 0;
+  };
+  return read(path, left) && left.st_nlink == 1 && read(other, right) &&
+         left.st_dev == right.st_dev && left.st_ino == right.st_ino;
 }
 
 void LinuxFileSystem::rename(std::string_view from, std::string_view to) {
