@@ -349,6 +349,13 @@ TEST_F(FormTest, EscapePressesTheCancelButtonAndElseDoesNothing) {
   EXPECT_TRUE(plain->isVisible());
 }
 
+TEST_F(FormTest, KeyHeldDownChoosesNothing) {
+  NotingForm& form = shownForm();
+  repeatKey(form.field, Qt::Key_Return);
+  repeatKey(form, Qt::Key_Escape);
+  EXPECT_THAT(handlers, IsEmpty());
+}
+
 class FormInstanceTest : public FormTest {
  protected:
   FormInstance<NotingForm> instance;
