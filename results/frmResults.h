@@ -37,6 +37,7 @@ class frmResults : public Form, private ResultsControls {
   void Form_Load() override;
   void Form_Activate() override;
   void Form_Resize() override;
+  bool Form_QueryUnload(UnloadCause cause) override;
   void Form_Unload() override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -58,6 +59,7 @@ class frmResults : public Form, private ResultsControls {
   void cboGroup_Click();
   void cboView_Click();
   void cmdDeleteFile_Click(Int16 mode);
+  void moveToScrollBar();
   void cmdSHowHideHelp_Click();
   void displayHelp(Int16 helpId);
 
@@ -90,6 +92,7 @@ class frmResults : public Form, private ResultsControls {
   bool firstActivation_ = false;
   bool deleting_ = false;
   bool resizeOwed_ = false;  // The window's size changed during a deletion.
+  bool scrollOwed_ = false;  // The scroll bar moved during one.
 };
 
 }  // namespace forms
