@@ -323,7 +323,7 @@ void frmResults::contextMenuEvent(QContextMenuEvent* event) {
 
 void frmResults::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Space && ui_->gridMatches->hasFocus()) {
-    if (!event->isAutoRepeat()) tickSelection(*this);
+    if (!event->isAutoRepeat() && !deleting_) tickSelection(*this);
     return;
   }
   Form::keyPressEvent(event);

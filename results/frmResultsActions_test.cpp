@@ -500,7 +500,9 @@ TEST_F(ResultsDeletionTest, NothingElseIsDoneWhileAMessageIsUp) {
     if (std::exchange(tried, true)) return;
     choose("cboView", 1);
     choose("cboGroup", 1);
+    view().setFocus();
     press(Qt::Key_PageDown);
+    press(Qt::Key_Space);
     bar().setValue(60);
     click("cmdDeleteFile_0");
     click("cmdSHowHideHelp");
@@ -511,6 +513,7 @@ TEST_F(ResultsDeletionTest, NothingElseIsDoneWhileAMessageIsUp) {
   EXPECT_THAT(busy.messages, SizeIs(1));
   EXPECT_EQ(disk.names("C:\\music").size(), before - 2);
   EXPECT_TRUE(onDisk(chosen[0]));
+  EXPECT_THAT(ticked(), IsEmpty());
   EXPECT_EQ(control<QComboBox>("cboView").currentIndex(), 0);
   EXPECT_EQ(control<QComboBox>("cboGroup").currentIndex(), 0);
   EXPECT_TRUE(form().isVisible());
