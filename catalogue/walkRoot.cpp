@@ -1,7 +1,5 @@
 #include "catalogue/walkRoot.h"
 
-#include <string_view>
-
 #include "catalogue/dirTable.h"
 
 namespace quernstoke {
@@ -15,15 +13,15 @@ bool liesIn(std::string_view directory, std::string_view above) {
 
 }  // namespace
 
-std::string walkRootOf(const std::string& directory) {
-  std::string root;
-  for (Int32 row = 1; row <= DirCount; ++row) {
+std::optional<std::string_view> walkRootOf(std::string_view directory) {
+  std::optional<std::string_view> root;
+  for (Int32 row = 1; row <= DirCount && row <= DirTable.upperBound(); ++row) {
     const DirRow& start = DirTable[row];
     if (start.kind == dirKind::directory && start.parent == noParent &&
-        start.name.size() > root.size() && liesIn(directory, start.name))
+        liesIn(directory, start.name) && (!root || start.name.size() > root->size()))
       root = start.name;
   }
-  return root.empty() ? directory : root;
+  return root;
 }
 
 }  // namespace quernstoke

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <string>
+#include <optional>
+#include <string_view>
 
 namespace quernstoke {
 
 // Where the walk that found a directory began: the nearest of the directories that the person has
-// named, which alone may be reached by links. A list without one vouches for nothing above the
-// directory itself.
-std::string walkRootOf(const std::string& directory);
+// named, which alone may be reached by links. None if the directory lies below none of them.
+std::optional<std::string_view> walkRootOf(std::string_view directory);
 
 }  // namespace quernstoke

@@ -24,9 +24,9 @@ TEST_F(WalkRootTest, IsTheNearestDirectoryThatWasNamed) {
   EXPECT_EQ(walkRootOf("C:\\a\\bb"), "C:\\a");
 }
 
-TEST_F(WalkRootTest, IsTheDirectoryItselfWhereNoneWasNamed) {
+TEST_F(WalkRootTest, IsNoneWhereNoDirectoryAboveWasNamed) {
   add("C:\\a");
-  EXPECT_EQ(walkRootOf("C:\\ab"), "C:\\ab");
+  EXPECT_EQ(walkRootOf("C:\\ab"), std::nullopt);
 }
 
 }  // namespace

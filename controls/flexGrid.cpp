@@ -180,6 +180,7 @@ void FlexGrid::focusInEvent(QFocusEvent* event) {
 
 void FlexGrid::focusOutEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusOutEvent(event);
+  endDrag();  // A menu or another window takes the button's release for itself.
   viewport()->update();
 }
 
@@ -187,6 +188,7 @@ void FlexGrid::focusOutEvent(QFocusEvent* event) {
 
 void FlexGrid::mousePressEvent(QMouseEvent* event) {
   const QPoint position = event->position().toPoint();
+  endDrag();
   if (event->button() == Qt::LeftButton && !pressColumnEdge(position)) {
     const GridLayout layout = layoutOnScreen();
     const int row = layout.rowAt(position.y()), col = layout.colAt(position.x());
@@ -213,13 +215,19 @@ bool FlexGrid::pressColumnEdge(QPoint position) {
 
 void FlexGrid::mouseMoveEvent(QMouseEvent* event) {
   pointer_ = event->position().toPoint();
+  if (!(event->buttons() & Qt::LeftButton)) endDrag();
   if (drag_ == Drag::none) showPointerFor(pointer_);
   if (drag_ == Drag::columnEdge) dragColumnEdge(pointer_.x());
   if (drag_ == Drag::selection) {
     dragSelection(pointer_);
     scrollWhileOutside(pointer_);
   }
-  emit mouseMove();
+}
+
+// The last seen of the button need not be its release.
+void FlexGrid::endDrag() {
+  drag_ = Drag::none;
+  scrolling_.stop();
 }
 
 void FlexGrid::showPointerFor(QPoint position) {
@@ -257,8 +265,7 @@ void FlexGrid::timerEvent(QTimerEvent* event) {
 void FlexGrid::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   const Drag ended = drag_;
-  drag_ = Drag::none;
-  scrolling_.stop();
+  endDrag();
   if (ended == Drag::selection) emit click();
 }
 
@@ -286,6 +293,7 @@ void FlexGrid::keyPressEvent(QKeyEvent* event) {
   if (!moveByKey(event->key(), event->modifiers() & Qt::ShiftModifier)) event->ignore();
 }
 
+// Also while the key repeats: holding it turns page after page.
 void FlexGrid::keyReleaseEvent(QKeyEvent* event) {
   emit keyUp(gridKey(event->key()));
 }

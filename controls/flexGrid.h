@@ -47,7 +47,6 @@ class FlexGrid : public QAbstractScrollArea, private GridScreen {
   void click();
   void dblClick();                                  // On a cell, with the left button.
   void mouseDown(GridButton button, int x, int y);  // Anywhere, in twips from the grid's corner.
-  void mouseMove();
   void keyUp(GridKey key);
 
  protected:
@@ -83,6 +82,7 @@ class FlexGrid : public QAbstractScrollArea, private GridScreen {
 
   void measure();
   void updateScrollBars();
+  void endDrag();
   void pressCell(int row, int col, bool extend);
   bool pressColumnEdge(QPoint position);
   void dragSelection(QPoint position);

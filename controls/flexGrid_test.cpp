@@ -183,11 +183,36 @@ TEST_F(FlexGridTest, ARightButtonSelectsNothingAndTellsWhereItIsPressed) {
   EXPECT_THAT(log, IsEmpty());
 }
 
-TEST_F(FlexGridTest, PointerMovesAreTold) {
-  int moves = 0;
-  QObject::connect(&grid, &FlexGrid::mouseMove, [&] { ++moves; });
-  moveMouse(view(), cellAt(3, 1));
-  EXPECT_EQ(moves, 1);
+// A menu that the right button pops up takes the left one's release for itself.
+TEST_F(FlexGridTest, DragEndsWhenItsButtonIsSeenUp) {
+  pressMouse(view(), cellAt(3, 1));
+  moveMouse(view(), cellAt(4, 1), Qt::LeftButton);
+  moveMouse(view(), cellAt(7, 1));
+  moveMouse(view(), cellAt(8, 1), Qt::LeftButton);
+  EXPECT_THAT(selection(), ElementsAre(3, 1, 4, 1));
+  EXPECT_THAT(log, IsEmpty());
+}
+
+TEST_F(FlexGridTest, DragEndsWithAnotherButton) {
+  pressMouse(view(), cellAt(3, 1));
+  pressMouse(view(), cellAt(3, 1), Qt::RightButton);
+  moveMouse(view(), cellAt(7, 1), Qt::LeftButton);
+  EXPECT_THAT(selection(), ElementsAre(3, 1, 3, 1));
+}
+
+TEST_F(FlexGridTest, DragEndsWithTheFocus) {
+  pressMouse(view(), cellAt(3, 1));
+  QFocusEvent lost(QEvent::FocusOut, Qt::PopupFocusReason);
+  QApplication::sendEvent(&grid, &lost);
+  moveMouse(view(), cellAt(7, 1), Qt::LeftButton);
+  EXPECT_THAT(selection(), ElementsAre(3, 1, 3, 1));
+}
+
+TEST_F(FlexGridTest, DragOfAnEdgeEndsWhenItsButtonIsSeenUp) {
+  const QPoint edge(200, titlePixels / 2);
+  pressMouse(view(), edge);
+  moveMouse(view(), edge + QPoint(50, 0));
+  EXPECT_EQ(model.colWidth(1), twipsFromPixels(100));
 }
 
 TEST_F(FlexGridTest, ArrowKeysMoveTheCurrentCellWithinTheGrid) {

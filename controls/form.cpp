@@ -251,6 +251,7 @@ void Form::closeEvent(QCloseEvent* event) {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
+  if (event->isAutoRepeat()) return event->ignore();  // A key held down chooses once.
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
     pressDefaultButton();
   else if (event->matches(QKeySequence::Cancel))

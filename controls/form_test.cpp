@@ -456,6 +456,13 @@ TEST_F(FormTest, AFieldTakesNoControlCharactersOfAPaste) {
   EXPECT_EQ(form.field.cursorPosition(), 3);
 }
 
+TEST_F(FormTest, KeyHeldDownChoosesNothing) {
+  NotingForm& form = shownForm();
+  repeatKey(form.field, Qt::Key_Return);
+  repeatKey(form, Qt::Key_Escape);
+  EXPECT_THAT(handlers, IsEmpty());
+}
+
 class FormInstanceTest : public FormTest {
  protected:
   FormInstance<NotingForm> instance;

@@ -58,15 +58,12 @@ void logFailedExtraction(const std::string& entry, const std::string& zipPath,
             ". Reason: " + reason);
 }
 
-// Returns whether it succeeded.
-bool unpackIntoTempDir(const std::string& zipPath, std::string entry, const std::string& target) {
+void unpackIntoTempDir(const std::string& zipPath, std::string entry, const std::string& target) {
   // The extraction leaves the entry as it was asked for, brackets escaped, and so it is logged.
-  if (basZipExtract(zipPath, entry) != 0) {
+  if (basZipExtract(zipPath, entry) != 0)
     logFailedExtraction(entry, zipPath, ZipMessages);
-    return false;
-  }
-  ignoringFailure([&] { files().clearAttributes(target); });
-  return true;
+  else
+    ignoringFailure([&] { files().clearAttributes(target); });
 }
 
 std::string moveToTempName(const std::string& extracted) {
@@ -149,14 +146,14 @@ std::string basExtractZipEntry(const std::string& zipPath, const std::string& in
     }
     const std::string entry = innerDir.empty() ? fileName : innerDir + "/" + fileName;
     const std::string extracted = TempDir + "\\" + fileName;
-    // What lies there already may be a person's own, and must not pass for the entry.
-    const bool wasThere = isTaken(extracted);
-    if (wasThere && !keepName) {
+    // What lies there already may be a person's own, and is neither replaced nor taken for the
+    // entry.
+    if (isTaken(extracted)) {
       logFailedExtraction(entry, zipPath, extracted + " exists");
       return {};
     }
-    const bool succeeded = unpackIntoTempDir(zipPath, entry, extracted);
-    if ((wasThere && !succeeded) || !basFileExists(extracted)) return {};
+    unpackIntoTempDir(zipPath, entry, extracted);
+    if (!basFileExists(extracted)) return {};
 
     std::string result = keepName ? extracted : moveToTempName(extracted);
     TempUsedKB += Int32(files().length(result)) / bytesPerKB;

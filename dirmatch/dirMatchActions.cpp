@@ -50,8 +50,16 @@ Int32 fileAt(Int32 line, Int32 side) {
   return entry < 1 ? Int32(0) : DirMatchRows[entry].file;
 }
 
-void remove(const FilePath& file) {
-  files().removeWalked(file.whole(), walkRootOf(file.directory));
+// Where the walk to the file began. A list that has lost this moves and deletes nothing.
+std::string_view rootOf(const FilePath& path) {
+  const std::optional<std::string_view> root = walkRootOf(path.directory);
+  if (!root) fail(FailureNumber::pathNotFound);
+  return *root;
+}
+
+void remove(Int32 file, const FilePath& path) {
+  files().removeWalked(
+      {path.whole(), rootOf(path), FileTable.FileSize[file].raw(), FileTable.FileDate[file]});
 }
 
 bool saysAbsent(const Failure& failure) {
@@ -140,14 +148,14 @@ class Mover {
       dialogs().messageBox("Destination file already exists. Move failed");
       return;
     }
-    if (!copy(from, to) || !removeOriginal(from, to)) return;
+    if (!copy(from, to) || !removeOriginal(file, from, to)) return;
     FileTable.FileDirNum[file] = target.row;
     if (FileTable.FileStatus[statusTemporary][file] == 1) DirTable.setTemporary(target.row, false);
   }
 
   static bool copy(const FilePath& from, const FilePath& to) {
     try {
-      files().copyWalked(from.whole(), walkRootOf(from.directory), to.whole());
+      files().copyWalked(from.whole(), rootOf(from), to.whole());
       return true;
     } catch (const Failure& failure) {
       dialogs().messageBox("Move of file '" + from.name + "' has failed." + newLine +
@@ -157,9 +165,9 @@ class Mover {
   }
 
   // Returns whether the copy is the file from now on.
-  static bool removeOriginal(const FilePath& from, const FilePath& to) {
+  static bool removeOriginal(Int32 file, const FilePath& from, const FilePath& to) {
     try {
-      remove(from);
+      remove(file, from);
     } catch (const Failure& failure) {
       // Somebody else has removed it: what there is of it now is the copy.
       if (saysAbsent(failure)) return true;
@@ -167,7 +175,9 @@ class Mover {
                            failure.description);
       // A failing disk may not tell what it has done. The copy goes only for an original that is
       // there to be seen.
-      if (basFileExists(from.whole())) files().removeWalked(to.whole(), to.directory);
+      if (basFileExists(from.whole()))
+        files().removeWalked(
+            {to.whole(), to.directory, files().length(to.whole()), files().modified(to.whole())});
       return false;
     }
     return true;
@@ -196,7 +206,7 @@ void deleteIfWanted(DirMatchControls& form, Int32 file) {
       dialogs().messageBox("Are you sure you want to delete the file: " + newItem + path.whole(),
                            Buttons::yesNo, "Delete file", Icon::none);
   if (answer != Answer::yes) return;
-  ignoringFailure([&] { remove(path); });
+  ignoringFailure([&] { remove(file, path); });
   FileTable.FileStatus[statusState][file] = fileState::deleted;
   basProcessFiles(form);
 }

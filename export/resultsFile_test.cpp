@@ -156,7 +156,7 @@ TEST_F(ResultsFileTest, ThePageDoesNotReplaceItsTemplate) {
   layout.format = ResultsFormat::html;
   EXPECT_FALSE(basWriteResultsFile("c:\\Quernstoke", "Results_template.html", layout));
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Error creating results file. Reason: Path/file access error"));
+              ElementsAre("Error creating results file. Reason: Path/File access error"));
   EXPECT_EQ(disk.content(templatePath), before);
 }
 

@@ -36,6 +36,8 @@ const char* describe(FailureNumber number) {
       return "Path/File access error";
     case FailureNumber::pathNotFound:
       return "Path not found";
+    case FailureNumber::fileChanged:
+      return "The file has changed since the scan";
   }
   return "Application-defined or object-defined error";
 }

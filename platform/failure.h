@@ -21,6 +21,7 @@ enum class FailureNumber {
   permissionDenied = 70,
   pathFileAccess = 75,
   pathNotFound = 76,
+  fileChanged = 1001,  // A number of our own.
 };
 
 // The one exception of the program: what a statement that could not be carried out reports.

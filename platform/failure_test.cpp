@@ -22,6 +22,7 @@ TEST(Failure, CarriesItsNumberAndItsWords) {
       {FailureNumber::permissionDenied, "Permission denied"},
       {FailureNumber::pathFileAccess, "Path/File access error"},
       {FailureNumber::pathNotFound, "Path not found"},
+      {FailureNumber::fileChanged, "The file has changed since the scan"},
   };
   for (const auto& [number, words] : expected) {
     const Failure failure(number);

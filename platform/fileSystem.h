@@ -45,6 +45,14 @@ enum class OpenMode {
   update,        // Reading and writing of an existing regular file, not through a link either.
 };
 
+// A regular file as a walk from `root`, with which the path begins, has come upon it.
+struct WalkedFile {
+  std::string_view path;
+  std::string_view root;
+  std::int32_t size = 0;
+  DateTime modified;
+};
+
 // An open file: 1 upward. 0 stands for "none" and is never given out.
 using FileNumber = std::int16_t;
 
@@ -69,11 +77,14 @@ class FileSystem {
   virtual DateTime modified(std::string_view path) = 0;
   // Removes a file, or a link itself; no directory, and no file with the read-only bit.
   virtual void remove(std::string_view path) = 0;
-  // Removes a regular file that a walk from `root` has come upon, with which the path begins; also
-  // one with the read-only bit. Behind the root the names are taken as they are written and lead
-  // through no link: what else stands there now, be it under another letter case, counts as not
-  // there.
-  virtual void removeWalked(std::string_view path, std::string_view root) = 0;
+  // Removes it, also with the read-only bit. Behind the root the names are taken as they are
+  // written and lead through no link: what else stands there now, be it under another letter case,
+  // counts as not there. A regular file of another size or date has changed.
+  virtual void removeWalked(const WalkedFile& file) = 0;
+  // Whether two paths lead to one and the same name of a file, as they do when a directory is
+  // mounted twice or reached by a link. Hard links are names of their own: with more than one, the
+  // paths count as different. So they do if either leads nowhere.
+  virtual bool isSameFile(std::string_view path, std::string_view other) = 0;
   // Copies such a file to a path at which there is nothing, in any letter case, with its date and
   // its permissions as far as the disk there keeps them. When it returns, the copy has reached the
   // disk; when it fails, nothing is left at that path. A file that changes meanwhile fails.

@@ -1,6 +1,6 @@
 #include "results/fileActions.h"
 
-#include <algorithm>
+#include <optional>
 #include <string>
 
 #include "catalogue/dirTable.h"
@@ -8,6 +8,7 @@
 #include "catalogue/modUnzip.h"
 #include "catalogue/walkRoot.h"
 #include "controls/flexGridModel.h"
+#include "core/modMain.h"
 #include "core/probes.h"
 #include "core/procedure.h"
 #include "core/system.h"
@@ -17,6 +18,7 @@
 #include "platform/dialogs.h"
 #include "platform/fileSystem.h"
 #include "platform/platform.h"
+#include "results/fileRows.h"
 #include "results/gridPaging.h"
 #include "results/gridSelection.h"
 #include "results/gridTicks.h"
@@ -26,11 +28,18 @@ namespace quernstoke {
 
 namespace {
 
-constexpr int tickColumn = 0;
-constexpr int nameColumn = 1;
+// A list may come without its directories, and the table still hold those of another one.
+bool isInList(Int32 directory) {
+  return directory >= 1 && directory <= DirCount && directory <= DirTable.upperBound();
+}
+
+const DirRow& rowOfDirectory(Int32 directory) {
+  if (!isInList(directory)) fail(FailureNumber::subscriptOutOfRange);
+  return DirTable[directory];
+}
 
 const DirRow& directoryOf(Int32 file) {
-  return DirTable[FileTable.FileDirNum[file]];
+  return rowOfDirectory(FileTable.FileDirNum[file]);
 }
 
 bool isInZip(const DirRow& directory) {
@@ -42,15 +51,35 @@ std::string pathOnDisk(Int32 file) {
 }
 
 // Removes the file. Returns whether it was there.
-bool removeFromDisk(const std::string& path, const std::string& directory) {
+bool removeFromDisk(Int32 file, const std::string& path) {
+  const std::optional<std::string_view> root = walkRootOf(directoryOf(file).name);
+  if (!root) return false;
   try {
-    files().removeWalked(path, walkRootOf(directory));
+    files().removeWalked({path, *root, FileTable.FileSize[file].raw(), FileTable.FileDate[file]});
     return true;
   } catch (const Failure& failure) {
     if (failure.is(FailureNumber::fileNotFound) || failure.is(FailureNumber::pathNotFound))
       return false;
     throw;
   }
+}
+
+bool livesOnDisk(Int32 file) {
+  return FileTable.FileStatus[statusState][file] != fileState::deleted &&
+         isInList(FileTable.FileDirNum[file]) && !isInZip(directoryOf(file));
+}
+
+// A file that two directories of the profile lead to is listed twice, as its own duplicate. Returns
+// its other path, empty if it has none.
+std::string otherPathOf(Int32 file, const std::string& path) {
+  const Table<Int32>& matches = FileTable.FileStatus[statusMatch];
+  if (matches[file] < 0) return {};
+  for (Int32 other = 1; other <= FileCount; ++other) {
+    if (other == file || matches[other] != matches[file] || !livesOnDisk(other)) continue;
+    std::string otherPath = pathOnDisk(other);
+    if (files().isSameFile(path, otherPath)) return otherPath;
+  }
+  return {};
 }
 
 void showUndeleted(const std::string& path, const std::string& reason) {
@@ -63,14 +92,14 @@ void deleteRow(FlexGridModel& grid, Int32 row) {
   basDeleteFileFromGrid(file, deleted);
   if (!deleted) return;
   grid.setRow(row);
-  grid.setCol(nameColumn);
-  grid.editCell(row, nameColumn).strikeThrough = true;
-  basFlexCheckMark(file, grid, row, tickColumn, FileTable.FileStatus[statusTick][file]);
+  grid.setCol(resultsColumn::name);
+  grid.editCell(row, resultsColumn::name).strikeThrough = true;
+  basFlexCheckMark(file, grid, row, resultsColumn::tick, FileTable.FileStatus[statusTick][file]);
 }
 
 void deleteSelected(FlexGridModel& grid) {
-  const Int32 last = std::max(grid.row(), grid.rowSel());
-  for (Int32 row = std::min(grid.row(), grid.rowSel()); row <= last; ++row)
+  const RowArea range = selectedRows(grid);
+  for (Int32 row = range.firstRow; row <= range.lastRow; ++row)
     if (grid.rowData(row) >= 0) deleteRow(grid, row);
 }
 
@@ -100,27 +129,45 @@ void deleteTicked(FlexGridModel& grid) {
     if (grid.rowData(row) >= 0 && isTicked(grid.rowData(row))) deleteRow(grid, row);
 }
 
-void focusIfVisible(FlexGridModel& grid) {
-  if (grid.visible()) grid.setFocus();
+void showUnopenable(const std::string& path) {
+  dialogs().messageBox("Can't open file '" + path + "'");
+}
+
+// A copy of another row gives way. What is nobody's copy is a person's own, and stays.
+void makeRoomForCopy(const std::string& path) {
+  for (Int32 file = 1; file <= FileCount; ++file) {
+    if (FileTable.FileLocalName[file] != path) continue;
+    basDeleteTempFile(path);
+    FileTable.FileLocalName.set(file, "");
+  }
+}
+
+std::string extract(Int32 file) {
+  const std::string name(FileTable.FileName[file]);
+  const std::string path = TempDir + "\\" + name;
+  makeRoomForCopy(path);
+  if (basFileExists(path)) {
+    showUnopenable(path);
+    return {};
+  }
+  const DirRow& folder = directoryOf(file);
+  std::string copy =
+      basExtractZipEntry(rowOfDirectory(folder.parent).name, folder.name, name, true);
+  if (copy.empty() && lower(ZipMessages).find("incorrect password") != std::string::npos)
+    dialogs().messageBox("Can not launch file as the Zip file requires a password");
+  return copy;
 }
 
 // The copy of a file in an archive, made when it is first asked for. Empty if there is none.
 std::string localCopyOf(Int32 file) {
-  if (FileTable.FileLocalName[file].empty()) {
-    const DirRow& folder = directoryOf(file);
-    const std::string copy = basExtractZipEntry(DirTable[folder.parent].name, folder.name,
-                                                std::string(FileTable.FileName[file]), true);
-    if (copy.empty() && lower(ZipMessages).find("incorrect password") != std::string::npos)
-      dialogs().messageBox("Can not launch file as the Zip file requires a password");
-    FileTable.FileLocalName.set(file, copy);
-  }
+  if (FileTable.FileLocalName[file].empty()) FileTable.FileLocalName.set(file, extract(file));
   return std::string(FileTable.FileLocalName[file]);
 }
 
 void launch(const std::string& path) {
   if (path.empty()) return;
   if (!basFileExists(path)) {
-    dialogs().messageBox("Can't open file '" + path + "'");
+    showUnopenable(path);
     return;
   }
   if (basShellOpen(path, ShowMode::byDefault, "", "", "open", 0) == "NOASSOC")
@@ -132,15 +179,17 @@ void launch(const std::string& path) {
 void basDeleteFileFromGrid(Int32 file, bool& deleted) {
   procedure("basDeleteFileFromGrid", [&] {
     deleted = false;
-    const DirRow& directory = directoryOf(file);
-    if (isInZip(directory)) {
+    if (!isInList(FileTable.FileDirNum[file])) return;
+    if (isInZip(directoryOf(file))) {
       dialogs().messageBox("Unable to delete from a zip file");
       return;
     }
     const std::string path = pathOnDisk(file);
     if (!basFileExists(path)) return;
+    const std::string otherPath = otherPathOf(file, path);
+    if (!otherPath.empty()) return showUndeleted(path, "It is the same file as " + otherPath);
     try {
-      if (!removeFromDisk(path, directory.name)) return;
+      if (!removeFromDisk(file, path)) return;
     } catch (const Failure& failure) {
       return showUndeleted(path, failure.description);
     }

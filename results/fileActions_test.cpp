@@ -17,12 +17,15 @@ class FileActionsTest : public ResultsGridTest {
   // Files f1, f2 and so on in C:\music, also on the disk.
   void showFiles(int count) {
     for (int file = 1; file <= count; ++file)
-      disk.file("C:\\music\\f" + std::to_string(file), "x");
+      disk.file("C:\\music\\f" + std::to_string(file), contentOfSize(10 * file));
     build(count);
   }
   void showTwoLines(int count) {
     ResultsView = resultsView::twoLines;
     showFiles(count);
+  }
+  static std::string contentOfSize(int size) {
+    return std::string(static_cast<std::size_t>(size), 'x');
   }
   // The files of C:\a.zip, as a scan finds them in a folder of it.
   void showZipEntry(const std::string& name, const std::string& folder = "in") {
@@ -140,6 +143,17 @@ TEST_F(DeletionTest, GridIsPaintedAgainAndHasTheFocus) {
   EXPECT_THAT(form.screen.log, ElementsAre("focus"));
 }
 
+TEST_F(DeletionTest, GridIsNotPaintedUntilAllIsDone) {
+  showFiles(3);
+  std::vector<bool> painted;
+  disk.before = [&](const DiskCall& call) {
+    if (call.action == DiskAction::remove) painted.push_back(grid.redraw());
+  };
+  select(1, 2);
+  deleteSelected();
+  EXPECT_THAT(painted, ElementsAre(false, false));
+}
+
 TEST_F(DeletionTest, FileOfTwoLinesIsDeletedOnce) {
   showTwoLines(5);
   select(3, 4);
@@ -224,7 +238,7 @@ TEST_F(DeletionTest, RefusedFileKeepsItsReadOnlyMark) {
 
 // The look-up that finds a file in any letter case must not decide what is deleted.
 TEST_F(DeletionTest, NameInAnotherCaseIsAnotherFile) {
-  disk.file("C:\\music\\SONG", "of somebody else");
+  disk.file("C:\\music\\SONG", "x");
   buildCatalogue({{"song", "C:\\music", 1, 2}});
   build();
   deleteSelected();
@@ -234,7 +248,7 @@ TEST_F(DeletionTest, NameInAnotherCaseIsAnotherFile) {
 }
 
 TEST_F(DeletionTest, DirectoryInAnotherCaseIsAnotherDirectory) {
-  disk.file("C:\\music\\OLD\\song", "of somebody else");
+  disk.file("C:\\music\\OLD\\song", "x");
   buildCatalogue({{"other", "C:\\music", 1, 2}, {"song", "C:\\music\\old", 1, 2}});
   DirTable.setParent(2, 1);
   build();
@@ -243,16 +257,104 @@ TEST_F(DeletionTest, DirectoryInAnotherCaseIsAnotherDirectory) {
   EXPECT_TRUE(disk.exists("C:\\music\\OLD\\song"));
 }
 
-// People type the names of directories in any case.
-TEST_F(DeletionTest, DirectoryOfTheProfileIsFoundInAnyCase) {
+// As when the directory that was scanned has gone and another one is found in its stead.
+TEST_F(DeletionTest, DirectoryOfTheProfileInAnotherCaseIsAnotherDirectory) {
   disk.file("C:\\Music\\Old\\song", "x");
-  buildCatalogue({{"other", "c:\\music", 1, 2}, {"song", "c:\\music\\Old", 1, 2}});
+  buildCatalogue({{"other", "C:\\music", 1, 2}, {"song", "C:\\music\\Old", 1, 2}});
   DirTable.setParent(2, 1);
   build();
   select(2, 2);
   deleteSelected();
-  EXPECT_FALSE(disk.exists("C:\\Music\\Old\\song"));
-  EXPECT_TRUE(isStruck(2));
+  EXPECT_TRUE(disk.exists("C:\\Music\\Old\\song"));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+  EXPECT_FALSE(isStruck(2));
+}
+
+TEST_F(DeletionTest, DriveMayBeWrittenInEitherCase) {
+  disk.file("C:\\music\\song", "x");
+  buildCatalogue({{"song", "c:\\music", 1, 2}});
+  build();
+  deleteSelected();
+  EXPECT_FALSE(disk.exists("C:\\music\\song"));
+}
+
+// Edited since the scan, or of another card that was put into the drive.
+TEST_F(DeletionTest, FileOfAnotherSizeOrDateStays) {
+  showFiles(4);
+  disk.file("C:\\music\\f1", contentOfSize(11));
+  disk.file("C:\\music\\f2", contentOfSize(20), DateTime{1});
+  select(1, 3);
+  deleteSelected();
+  const std::string reason = "\r\nReason: The file has changed since the scan";
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Unable to delete file C:\\music\\f1" + reason,
+                                                "Unable to delete file C:\\music\\f2" + reason));
+  EXPECT_THAT(left(4), ElementsAre(1, 2, 4));
+  EXPECT_EQ(state(1), fileState::normal);
+  EXPECT_FALSE(isStruck(1));
+}
+
+TEST_F(DeletionTest, NewFileOfADeletedOnesNameStays) {
+  showFiles(3);
+  select(2, 2);
+  deleteSelected();
+  disk.file("C:\\music\\f2", "new");
+  deleteSelected();
+  EXPECT_TRUE(onDisk(2));
+}
+
+// The directories of another list may still stand in the table behind those that count.
+TEST_F(DeletionTest, FileWithoutADirectoryOfItsListStays) {
+  showFiles(3);
+  DirCount = 0;
+  select(1, 3);
+  deleteSelected();
+  EXPECT_THAT(left(3), SizeIs(3));
+  DirCount = 1;
+  FileTable.FileDirNum[1] = 0;
+  FileTable.FileDirNum[2] = -1;
+  FileTable.FileDirNum[3] = 2;
+  deleteSelected();
+  EXPECT_THAT(left(3), SizeIs(3));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(DeletionTest, FileBelowNoDirectoryOfTheProfileStays) {
+  showFiles(3);
+  DirTable.setParent(1, 1);
+  select(1, 3);
+  deleteSelected();
+  EXPECT_THAT(left(3), SizeIs(3));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+// It is listed as its own duplicate, and would be the only copy.
+TEST_F(DeletionTest, FileThatTwoDrivesLeadToStays) {
+  disk.file("C:\\music\\song", "x");
+  disk.mountAgain("C:\\music", "D:");
+  buildCatalogue({{"song", "C:\\music", 1, 2}, {"song", "D:", 1, 2}});
+  build();
+  select(1, 2);
+  deleteSelected();
+  EXPECT_TRUE(disk.exists("C:\\music\\song"));
+  EXPECT_THAT(
+      dialogBoxes.messages,
+      ElementsAre(
+          "Unable to delete file C:\\music\\song\r\nReason: It is the same file as D:\\song",
+          "Unable to delete file D:\\song\r\nReason: It is the same file as C:\\music\\song"));
+  EXPECT_FALSE(isStruck(1));
+}
+
+TEST_F(DeletionTest, OnlyLivingFilesOfTheSameMatchAreAskedAfter) {
+  disk.file("C:\\music\\song", "x");
+  disk.mountAgain("C:\\music", "D:");
+  for (const bool ofOtherMatch : {true, false}) {
+    disk.file("C:\\music\\song", "x");
+    buildCatalogue({{"song", "C:\\music", 1, 2}, {"song", "D:", 1, ofOtherMatch ? 4 : 2}});
+    if (!ofOtherMatch) FileTable.FileStatus[statusState][2] = fileState::deleted;
+    bool deleted = false;
+    basDeleteFileFromGrid(1, deleted);
+    EXPECT_TRUE(deleted) << ofOtherMatch;
+  }
 }
 
 TEST_F(DeletionTest, FileOfThePageIsDeletedNotThatOfTheRowsNumber) {
@@ -277,11 +379,12 @@ TEST_F(DeletionTest, DirectoryThatTookAFilesPlaceStays) {
 TEST_F(DeletionTest, FileInAZipIsRefusedOnceAFile) {
   showZipEntry("song");
   disk.file("in\\song", "not this one");
+  FileTable.FileSize[2] = 12;
   deleteSelected();
   EXPECT_THAT(dialogBoxes.messages, ElementsAre("Unable to delete from a zip file"));
   EXPECT_TRUE(disk.exists("C:\\data\\a.zip"));
   EXPECT_EQ(state(2), fileState::normal);
-  EXPECT_EQ(disk.count(DiskAction::remove, ""), 0);
+  EXPECT_TRUE(disk.exists("in\\song"));
 }
 
 TEST_F(DeletionTest, OddNamesAreDeletedAsTheyAre) {
@@ -366,13 +469,15 @@ TEST_F(TickedDeletionTest, FilesOfTwoLinesGo) {
 }
 
 TEST_F(TickedDeletionTest, MoreThanTheCountHoldsDeletesNothing) {
-  buildNameless(32768);
+  makeFiles(32768);
+  disk.file("C:\\music\\f1", contentOfSize(10));
+  basBuildWholeGrid(form, 0, 1);
   for (int file = 1; file <= 32768; ++file)
     tick(file);
   deleteTicked();
   EXPECT_THAT(dialogBoxes.messages,
               ElementsAre("Procedure error in 'basDeleteFile'.  Reason: Overflow(6)."));
-  EXPECT_EQ(disk.count(DiskAction::remove, ""), 0);
+  EXPECT_TRUE(onDisk(1));
   EXPECT_TRUE(grid.redraw());
 }
 
@@ -465,6 +570,53 @@ TEST_F(OpeningTest, FileInAZipIsExtractedOnce) {
   EXPECT_THAT(archiveLibrary.calls, SizeIs(1));
   EXPECT_EQ(archiveLibrary.calls[0].options.lpszZipFN, "C:\\data\\a.zip");
   EXPECT_EQ(FileTable.FileLocalName[2], copy);
+}
+
+// The temporary directory may be one in which a person keeps files.
+TEST_F(OpeningTest, FileOfAPersonIsNotTakenForACopy) {
+  showZipEntry("song");
+  disk.file(TempDir + "\\song", "a person's");
+  basOpenFile(form);
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Can't open file '" + TempDir + "\\song'"));
+  EXPECT_EQ(disk.content(TempDir + "\\song"), "a person's");
+  EXPECT_EQ(FileTable.FileLocalName[2], "");
+  EXPECT_THAT(desk.opened, IsEmpty());
+}
+
+TEST_F(OpeningTest, CopyOfAnotherFileGivesWay) {
+  showZipEntry("song");
+  const std::string copy = TempDir + "\\song";
+  disk.file(copy, "of another archive");
+  FileTable.FileLocalName.set(1, copy);
+  basOpenFile(form);
+  EXPECT_EQ(disk.content(copy), "content");
+  EXPECT_EQ(FileTable.FileLocalName[1], "");
+  EXPECT_EQ(FileTable.FileLocalName[2], copy);
+  EXPECT_THAT(desk.opened, SizeIs(1));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(OpeningTest, FileWithoutADirectoryOfItsListIsAProcedureError) {
+  showFiles(3);
+  DirCount = 0;
+  basOpenFile(form);
+  basOpenDir(form);
+  EXPECT_THAT(desk.opened, IsEmpty());
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre("Procedure error in 'basOpenFile'.  Reason: Subscript out of range(9).",
+                          "Procedure error in 'basOpenDir'.  Reason: Subscript out of range(9)."));
+}
+
+// Archives write what they will.
+TEST_F(OpeningTest, PasswordIsToldHoweverItIsWritten) {
+  showZipEntry("song");
+  archiveLibrary.contents.clear();
+  archiveLibrary.duringCall = [](ArchiveCallbacks& callbacks) {
+    callbacks.print("skipping: song  INCORRECT Password");
+  };
+  basOpenFile(form);
+  EXPECT_THAT(dialogBoxes.messages,
+              testing::Contains("Can not launch file as the Zip file requires a password"));
 }
 
 TEST_F(OpeningTest, PasswordIsTold) {

@@ -16,8 +16,6 @@ namespace quernstoke {
 
 namespace {
 
-constexpr int tickColumn = 0;
-
 // Writes the cells of one file.
 struct CellWriter {
   FlexGridModel& grid;
@@ -33,9 +31,8 @@ struct CellWriter {
 };
 
 void writeName(const CellWriter& write, Int32 file, Int32 row) {
-  constexpr int nameColumn = 1;
-  GridCell& cell =
-      write(row, nameColumn, std::string(FileTable.FileName[file]), CellAlignment::leftCentre);
+  GridCell& cell = write(row, resultsColumn::name, std::string(FileTable.FileName[file]),
+                         CellAlignment::leftCentre);
   cell.bold = true;
   cell.strikeThrough = FileTable.FileStatus[statusState][file] == fileState::deleted;
 }
@@ -49,7 +46,7 @@ std::string percentText(Int16 percent) {
 }
 
 void writeOneLine(const CellWriter& write, Int32 file, Int32 row, Int16 percent) {
-  write(row, tickColumn, {}, CellAlignment::centreBottom);
+  write(row, resultsColumn::tick, {}, CellAlignment::centreBottom);
   writeName(write, file, row);
   write(row, 2, basGetDirnameFromFilenum(file), CellAlignment::leftCentre);
   write(row, 3, dateText(file), CellAlignment::leftCentre);
@@ -58,8 +55,8 @@ void writeOneLine(const CellWriter& write, Int32 file, Int32 row, Int16 percent)
 }
 
 void writeTwoLines(const CellWriter& write, Int32 file, Int32 row, Int16 percent) {
-  write(row, tickColumn, {}, CellAlignment::centreBottom);
-  write(row + 1, tickColumn, {}, CellAlignment::centreTop);
+  write(row, resultsColumn::tick, {}, CellAlignment::centreBottom);
+  write(row + 1, resultsColumn::tick, {}, CellAlignment::centreTop);
   writeName(write, file, row);
   write(row + 1, 1, "   " + basGetDirnameFromFilenum(file), CellAlignment::leftCentre);
   write(row, 2, dateText(file), CellAlignment::leftCentre);
@@ -83,7 +80,7 @@ void basDisplayFileDetails(Int32 file, Int32 row, Int16& lines, FlexGridModel& g
     lines = oneLine ? 1 : 2;
     if (row >= grid.rows()) grid.setRows(grid.rows() + growth);
     (oneLine ? writeOneLine : writeTwoLines)({grid, colour}, file, row, percent);
-    basFlexCheckMark(file, grid, row, tickColumn, FileTable.FileStatus[statusTick][file]);
+    basFlexCheckMark(file, grid, row, resultsColumn::tick, FileTable.FileStatus[statusTick][file]);
     grid.setRowData(row, file);
     if (!oneLine) grid.setRowData(row + 1, rowMark::secondLine);
   });

@@ -7,6 +7,11 @@
 
 namespace quernstoke {
 
+namespace resultsColumn {
+constexpr int tick = 0;
+constexpr int name = 1;
+}  // namespace resultsColumn
+
 // Whether the results have a column for percentages, which the profile's content limit decides.
 bool hasPercentColumn();
 

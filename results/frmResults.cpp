@@ -127,6 +127,8 @@ frmResults::frmResults() : ui_(std::make_unique<Ui::frmResults>()) {
   ui_->fraHelp->hide();
   for (QComboBox* list : {ui_->cboView, ui_->cboGroup})
     guardFromWheel(*list);
+  stepByWheel(*ui_->vscrGridMatches);
+  ui_->vscrGridMatches->setTracking(false);  // A page is filled where a drag ends.
   setCancelButton(*ui_->cmdClose);
   preparePictures();
   makeMenus();
@@ -156,11 +158,11 @@ void frmResults::connectControls() {
   onClick(ui_->cmdSHowHideHelp, &frmResults::cmdSHowHideHelp_Click);
   connect(ui_->cboView, &QComboBox::activated, this, &frmResults::cboView_Click);
   connect(ui_->cboGroup, &QComboBox::activated, this, &frmResults::cboGroup_Click);
-  connect(ui_->vscrGridMatches, &QScrollBar::valueChanged, this,
-          [this] { vscrGridMatches_Change(*this); });
+  connect(ui_->vscrGridMatches, &QScrollBar::valueChanged, this, &frmResults::moveToScrollBar);
   connect(ui_->gridMatches, &FlexGrid::click, this, [this] { gridMatches_Click(*this); });
-  connect(ui_->gridMatches, &FlexGrid::keyUp, this,
-          [this](GridKey key) { gridMatches_KeyUp(*this, static_cast<int>(key)); });
+  connect(ui_->gridMatches, &FlexGrid::keyUp, this, [this](GridKey key) {
+    if (!deleting_) gridMatches_KeyUp(*this, static_cast<int>(key));
+  });
   connect(ui_->gridMatches, &FlexGrid::mouseDown, this, [this](GridButton button, int x, int y) {
     popUpAt(static_cast<int>(button), {x, y});
   });
@@ -254,6 +256,13 @@ void frmResults::Form_Activate() {
   });
 }
 
+// A deletion counts on its page staying as it is while a message is up. The message holds off mouse
+// and keyboard, but neither the desktop nor who works the controls in other ways.
+
+bool frmResults::Form_QueryUnload(UnloadCause /*cause*/) {
+  return !pageIsKept_;
+}
+
 void frmResults::Form_Resize() {
   procedure("Form_Resize", [this] {
     resizeOwed_ = pageIsKept_;
@@ -278,6 +287,7 @@ void frmResults::Form_Unload() {
 void frmResults::cboGroup_Click() {
   procedure("cboGroup_Click", [this] {
     if (takeIgnoreTag(*ui_->cboGroup)) return;
+    if (deleting_) return ui_->cboGroup->setCurrentIndex(ResultsGroup.raw());
     ResultsGroup = static_cast<std::int16_t>(ui_->cboGroup->currentIndex());
     basBuildWholeGrid(*this, 0, 0);
     focusGrid();
@@ -287,10 +297,16 @@ void frmResults::cboGroup_Click() {
 void frmResults::cboView_Click() {
   procedure("cboView_Click", [this] {
     if (takeIgnoreTag(*ui_->cboView)) return;
+    if (deleting_) return ui_->cboView->setCurrentIndex(ResultsView.raw());
     ResultsView = static_cast<std::int16_t>(ui_->cboView->currentIndex());
     basBuildWholeGrid(*this, 0, 0);
     focusGrid();
   });
+}
+
+void frmResults::moveToScrollBar() {
+  scrollOwed_ = pageIsKept_;
+  if (!pageIsKept_) vscrGridMatches_Change(*this);
 }
 
 // Runs what counts on the page and the order of the catalogue staying as they are while it shows a
@@ -300,6 +316,7 @@ void frmResults::keepingThePage(Command command) {
   pageIsKept_ = true;
   command();
   pageIsKept_ = false;
+  if (scrollOwed_) moveToScrollBar();
   if (resizeOwed_) Form_Resize();
 }
 
@@ -411,7 +428,7 @@ void frmResults::contextMenuEvent(QContextMenuEvent* event) {
 
 void frmResults::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Space && ui_->gridMatches->hasFocus()) {
-    if (!event->isAutoRepeat()) tickSelection(*this);
+    if (!event->isAutoRepeat() && !deleting_) tickSelection(*this);
     return;
   }
   Form::keyPressEvent(event);

@@ -73,6 +73,7 @@ class frmResults : public Form, private ResultsControls {
   void cboView_Click();
   void cmdDeleteFile_Click(Int16 mode);
   void cmdSetDir_Click(int index);
+  void moveToScrollBar();
   void cmdSHowHideHelp_Click();
   void displayHelp(Int16 helpId);
 
@@ -111,6 +112,7 @@ class frmResults : public Form, private ResultsControls {
   bool firstActivation_ = false;
   bool pageIsKept_ = false;
   bool resizeOwed_ = false;  // The window's size changed while the page was kept.
+  bool scrollOwed_ = false;  // The scroll bar moved meanwhile.
   bool lastSubDirectories_ = false;
   QPointer<QWidget> focusBefore_;  // That of the window while it takes no input.
 };

@@ -2,6 +2,9 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QStyleOptionSlider>
+#include <QTest>
+#include <utility>
 
 #include "results/frmResultsTest.h"
 
@@ -116,16 +119,71 @@ TEST_F(ResultsPagingTest, EndOfTwoLinesShowsTheLastFileWhole) {
 }
 
 // The grid leaves the wheel to its window.
-TEST_F(ResultsPagingTest, WheelMovesTheBar) {
+TEST_F(ResultsPagingTest, WheelMovesByThreeFiles) {
   showFiles(150);
   ASSERT_FALSE(turnWheel(cells(), -1));
   turnWheel(form(), -1);
-  settle();
-  const int moved = bar().value() - 1;
-  EXPECT_GT(moved, 0);
-  EXPECT_EQ(firstFile(), 1 + moved);
+  EXPECT_EQ(bar().value(), 4);
+  EXPECT_EQ(firstFile(), 4);
+  turnWheel(bar(), -2);
+  EXPECT_EQ(firstFile(), 10);
   turnWheel(form(), 1);
-  settle();
+  EXPECT_EQ(firstFile(), 7);
+  turnWheel(bar(), 5);
+  EXPECT_EQ(firstFile(), 1);
+}
+
+// There the bar stands beyond what the page shows, and most places near it lead back to the end.
+TEST_F(ResultsPagingTest, WheelLeavesTheEnd) {
+  showFiles(150);
+  for (QWidget* wheeled : {static_cast<QWidget*>(&form()), static_cast<QWidget*>(&bar())}) {
+    view().setFocus();
+    press(Qt::Key_End);
+    const int last = firstFile();
+    turnWheel(*wheeled, 1);
+    EXPECT_LT(firstFile(), last);
+    turnWheel(*wheeled, 1);
+    EXPECT_LE(firstFile(), last - 3);
+    EXPECT_GE(firstFile(), last - 6);
+  }
+}
+
+TEST_F(ResultsPagingTest, PageIsTurnedWhereADragOfTheThumbEnds) {
+  showFiles(150);
+  const auto thumb = [&] {
+    QStyleOptionSlider option;
+    option.initFrom(&bar());
+    option.orientation = Qt::Vertical;
+    option.minimum = bar().minimum();
+    option.maximum = bar().maximum();
+    option.pageStep = bar().pageStep();
+    option.sliderPosition = bar().sliderPosition();
+    return bar().style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider,
+                                         &bar());
+  };
+  const auto drag = [&](int pixels) {
+    const QPoint from = thumb().center();
+    const int step = pixels / 10;
+    const int before = firstFile();
+    pressMouse(bar(), from);
+    for (int moved = 1; moved <= 10; ++moved)
+      moveMouse(bar(), from + QPoint(0, moved * step), Qt::LeftButton);
+    EXPECT_EQ(firstFile(), before);
+    releaseMouse(bar(), from + QPoint(0, 10 * step));
+  };
+  drag(bar().height() / 3);
+  const int there = bar().value();
+  ASSERT_GT(there, 20);
+  ASSERT_LT(there, 130);
+  EXPECT_EQ(firstFile(), there);
+  drag(bar().height());
+  EXPECT_EQ(bar().value(), bar().maximum());
+  EXPECT_EQ(names().back(), "f150");
+  drag(-bar().height() / 3);
+  EXPECT_LT(bar().value(), 130);
+  EXPECT_EQ(firstFile(), bar().value());
+  drag(-bar().height());
+  EXPECT_EQ(bar().value(), 1);
   EXPECT_EQ(firstFile(), 1);
 }
 
@@ -422,6 +480,42 @@ TEST_F(ResultsDeletionTest, PageStaysAsItIsWhileAMessageIsUp) {
   EXPECT_FALSE(onDisk(chosen[2]));
   EXPECT_EQ(disk.names("C:\\music").size(), before - 2);
   EXPECT_EQ(firstFile(), 1) << "the resize is made up for";
+}
+
+// What works the controls without mouse and keyboard isn't held off by a message.
+TEST_F(ResultsDeletionTest, NothingElseIsDoneWhileAMessageIsUp) {
+  BusyDialogs busy;
+  usePlatform({&disk, &archiveLibrary, &busy, &desk, &eventLoop, &clock, &locale, &mainWindow,
+               &statusWindow, &window});
+  showFiles(150);
+  dragCells(2, 4, 1);
+  const std::vector<std::string> chosen = {text(2, 1), text(3, 1), text(4, 1)};
+  disk.failOn(DiskAction::remove, "C:\\music\\" + chosen[0], FailureNumber::permissionDenied);
+  const std::size_t before = disk.names("C:\\music").size();
+  const std::vector<std::string> pageBefore = names();
+  bool tried = false;
+  busy.meanwhile = [&] {
+    if (std::exchange(tried, true)) return;
+    choose("cboView", 1);
+    choose("cboGroup", 1);
+    view().setFocus();
+    press(Qt::Key_PageDown);
+    press(Qt::Key_Space);
+    bar().setValue(60);
+    click("cmdDeleteFile_0");
+    click("cmdSHowHideHelp");
+    click("cmdClose");
+    EXPECT_EQ(names(), pageBefore);
+  };
+  click("cmdDeleteFile_0");
+  EXPECT_THAT(busy.messages, SizeIs(1));
+  EXPECT_EQ(disk.names("C:\\music").size(), before - 2);
+  EXPECT_TRUE(onDisk(chosen[0]));
+  EXPECT_THAT(ticked(), IsEmpty());
+  EXPECT_EQ(control<QComboBox>("cboView").currentIndex(), 0);
+  EXPECT_EQ(control<QComboBox>("cboGroup").currentIndex(), 0);
+  EXPECT_TRUE(form().isVisible());
+  EXPECT_EQ(firstFile(), 60) << "the movement of the bar is made up for";
 }
 
 // The other buttons.

@@ -9,6 +9,7 @@
 #include "core/procedure.h"
 #include "pictures/pictures.h"
 #include "results/frmResults.h"
+#include "results/gridSelection.h"
 #include "results/resultsGrid.h"
 #include "settings/settings.h"
 #include "ui_frmResults.h"
@@ -32,11 +33,12 @@ void frmResults::showHelpPicture() {
 }
 
 void frmResults::focusGrid() {
-  if (gridMatches().visible()) gridMatches().setFocus();
+  focusIfVisible(gridMatches());
 }
 
 void frmResults::cmdSHowHideHelp_Click() {
   procedure("cmdShowHideHelp_Click", [this] {
+    if (deleting_) return;
     const bool shown = !helpIsShown();
     ui_->fraHelp->setVisible(shown);
     GlobalSettings.HelpPanel = shown;

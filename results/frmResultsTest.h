@@ -60,7 +60,7 @@ class ResultsWindowTest : public EngineTest {
     std::vector<CatalogueFile> files;
     for (int file = 1; file <= count; ++file) {
       const std::string name = "f" + std::to_string(file);
-      if (count < manyFiles) disk.file("C:\\music\\" + name, "x");
+      if (count < manyFiles) disk.file("C:\\music\\" + name, "0123456789");
       files.push_back({name, "C:\\music", 10, (file - 1) / 2});
     }
     show(files);

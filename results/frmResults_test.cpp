@@ -5,6 +5,8 @@
 
 #include "catalogue/dirTable.h"
 #include "catalogue/snapshots.h"
+#include "controls/units.h"
+#include "pictures/pictures.h"
 #include "results/frmResultsTest.h"
 
 namespace quernstoke {
@@ -49,12 +51,40 @@ TEST_F(ResultsWindowTest, ButtonsHaveTheirCaptionsAndToolTips) {
 
 TEST_F(ResultsWindowTest, LabelsStandByTheirControls) {
   showFiles(4);
+  const auto entries = [&](const char* list) {
+    auto& box = control<QComboBox>(list);
+    return std::pair(box.itemText(0), box.itemText(1));
+  };
+  EXPECT_EQ(entries("cboView"), std::pair(QString("1 Line"), QString("2 Lines")));
+  EXPECT_EQ(entries("cboGroup"), std::pair(QString("Match"), QString("Directory")));
   EXPECT_EQ(control<QLabel>("labView").text(), "View");
   EXPECT_EQ(control<QLabel>("labGroup").text(), "Group by");
   EXPECT_EQ(control<QLabel>("labDirectoryMatch").text(), "Dir Match");
   EXPECT_EQ(control<QLabel>("Label23").text(), "Help");
   EXPECT_FALSE(isShown("labSizer"));
   EXPECT_FALSE(isShown("labNoDuplicates"));
+}
+
+TEST_F(ResultsWindowTest, HelpButtonShowsWhatItDoes) {
+  const auto shows = [&](const char* key) {
+    const auto drawn = [](const QIcon& icon) { return icon.pixmap(32).toImage(); };
+    return drawn(button("cmdSHowHideHelp").icon()) == drawn(picture(key));
+  };
+  ASSERT_NE(picture("HelpHide").pixmap(32).toImage(), picture("HelpUnhide").pixmap(32).toImage());
+  showFiles(4);
+  EXPECT_TRUE(shows("HelpUnhide"));
+  click("cmdSHowHideHelp");
+  EXPECT_TRUE(shows("HelpHide"));
+  click("cmdSHowHideHelp");
+  EXPECT_TRUE(shows("HelpUnhide"));
+  control<QWidget>("fraHelp").show();
+  resizeTo(form().width() + 50, form().height());
+  EXPECT_TRUE(shows("HelpHide"));
+}
+
+TEST_F(ResultsWindowTest, ColumnOfTicksIsAsWideAsItsTitle) {
+  showFiles(4);
+  EXPECT_EQ(grid().colWidth(0), pictureUnitsFromPixels(pictureSize("SimpleTick").width()));
 }
 
 TEST_F(ResultsWindowTest, EveryControlHasANameForThoseWhoCannotSeeIt) {

@@ -5,6 +5,7 @@
 #include "catalogue/fileTable.h"
 #include "controls/flexGridModel.h"
 #include "core/procedure.h"
+#include "results/fileRows.h"
 #include "results/gridPaging.h"
 #include "results/gridTicks.h"
 #include "results/resultsControls.h"
@@ -13,13 +14,7 @@ namespace quernstoke {
 
 namespace {
 
-constexpr int tickColumn = 0;
 constexpr int noRow = -1;
-
-// The selection's rows from above, whichever way it was dragged.
-RowArea selectedRows(const FlexGridModel& grid) {
-  return {std::min(grid.row(), grid.rowSel()), std::max(grid.row(), grid.rowSel())};
-}
 
 // From the first file's first row to the last file's last one; empty rows at the end don't count.
 RowArea draggedRows(const FlexGridModel& grid) {
@@ -46,7 +41,7 @@ RowArea clickedRows(const FlexGridModel& grid) {
 void toggleTicks(FlexGridModel& grid, const RowArea& range) {
   for (Int32 row = range.firstRow; row <= range.lastRow; ++row)
     if (grid.rowData(row) >= 0)
-      basFlexCheckMark(grid.rowData(row), grid, row, tickColumn, tickAction::toggle);
+      basFlexCheckMark(grid.rowData(row), grid, row, resultsColumn::tick, tickAction::toggle);
 }
 
 void selectRows(FlexGridModel& grid, const RowArea& range) {
@@ -65,6 +60,14 @@ Int32 rowAt(const FlexGridModel& grid, Int32 y) {
 }
 
 }  // namespace
+
+RowArea selectedRows(const FlexGridModel& grid) {
+  return {std::min(grid.row(), grid.rowSel()), std::max(grid.row(), grid.rowSel())};
+}
+
+void focusIfVisible(FlexGridModel& grid) {
+  if (grid.visible()) grid.setFocus();
+}
 
 RowArea basSelectedRowArea(Int32& row, const FlexGridModel& grid) {
   return procedure("basSelectedRowArea", [&] {
@@ -93,7 +96,7 @@ void gridMatches_Click(ResultsControls& form) {
     FlexGridModel& grid = form.gridMatches();
     const bool dragged = grid.row() != grid.rowSel();
     const RowArea range = dragged ? draggedRows(grid) : clickedRows(grid);
-    if (grid.col() == tickColumn) toggleTicks(grid, range);
+    if (grid.col() == resultsColumn::tick) toggleTicks(grid, range);
     selectRows(grid, range);
   });
 }
@@ -103,7 +106,7 @@ void tickSelection(ResultsControls& form) {
     FlexGridModel& grid = form.gridMatches();
     Int32 row = grid.row();
     if (!basSelectedRowArea(row, grid).isFile()) return;
-    grid.setCol(tickColumn);
+    grid.setCol(resultsColumn::tick);
     gridMatches_Click(form);
   });
 }

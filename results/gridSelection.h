@@ -25,6 +25,11 @@ bool oneFileIsSelected(const FlexGridModel& grid);
 // subscript out of range.
 Int32 selectedFile(const FlexGridModel& grid);
 
+// The selection's rows from above, whichever way it was dragged.
+RowArea selectedRows(const FlexGridModel& grid);
+
+void focusIfVisible(FlexGridModel& grid);
+
 // The left button was clicked or a selection dragged: widens the selection to whole files, and
 // toggles their ticks if it began in the column of ticks.
 void gridMatches_Click(ResultsControls& form);

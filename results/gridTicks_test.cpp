@@ -74,7 +74,9 @@ TEST_F(TickTest, TwoLinesShowTheHalvesOfABigPicture) {
   ResultsView = resultsView::twoLines;
   change(tickAction::tick);
   EXPECT_EQ(upper().picture, "BigTick1");
+  EXPECT_EQ(upper().pictureAlignment, CellAlignment::centreBottom);
   EXPECT_EQ(lower().picture, "BigTick2");
+  EXPECT_EQ(lower().pictureAlignment, CellAlignment::centreTop);
   change(tickAction::untick);
   EXPECT_EQ(upper().picture, "BigUnTick1");
   EXPECT_EQ(upper().pictureAlignment, CellAlignment::centreBottom);

@@ -95,8 +95,8 @@ Int32 fileAt(Int32 position) {
   return FilePointerArray.upperBound() != 0 ? FilePointerArray[position] : position;
 }
 
-// The key decides the first colour of a page alone: blocks whose neighbours were deleted would
-// otherwise share a colour.
+// The key decides the first colour of a page alone: neighbours would else share a colour where the
+// blocks between them were pruned or filtered out.
 Colour colourOfBlock(Int32 key, std::optional<Colour> previous) {
   constexpr Colour white = 0xFFFFFF;
   constexpr Colour grey = 0xE0E0E0;

@@ -72,8 +72,8 @@ TEST_F(FillGridTest, PageReplacesTheOneBefore) {
   EXPECT_EQ(grid.cell(7, 0).picture, "");
 }
 
-// The region of a page after a page ends one file before the rows do.
-TEST_F(FillGridTest, PageEndsWithTheRowsOrWithTheRegion) {
+// A page begins with the file that ended the region before, which the first page has not shown.
+TEST_F(FillGridTest, LaterPagesBeginWithTheLastFileOfTheOneBefore) {
   build(100);
   EXPECT_EQ(lastOnPage(), 19);
   fill("PGDN");
@@ -83,6 +83,15 @@ TEST_F(FillGridTest, PageEndsWithTheRowsOrWithTheRegion) {
   fill("PGDN");
   EXPECT_EQ(firstOnPage(), 38);
   EXPECT_EQ(lastOnPage(), 56);
+}
+
+TEST_F(FillGridTest, PageEndsWithItsRegionThoughThereAreRows) {
+  ResultsView = resultsView::twoLines;
+  build(100);
+  fill("PGDN");
+  EXPECT_EQ(GridLastFile, 18);
+  EXPECT_THAT(page(), ElementsAre(10, 11, 12, 13, 14, 15, 16, 17, 18));
+  EXPECT_EQ(grid.rowData(19), rowMark::empty);
 }
 
 TEST_F(FillGridTest, HalfAPageRowHasRoomForTheSecondLine) {

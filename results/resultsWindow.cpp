@@ -21,11 +21,21 @@ std::array<PanelText, 4> resultsStatusPanels() {
            {7, "Scan time: " + basDateToDuration({}, {}, ProfileSettings.ElapsedTime), ""}}};
 }
 
+namespace {
+
+// A copy that has gone is forgotten: what gets its name later may be a person's own.
+void deleteLocalCopy(Int32 file) {
+  const std::string copy(FileTable.FileLocalName[file]);
+  if (copy.empty()) return;
+  if (basFileExists(copy)) basDeleteTempFile(copy);
+  if (!basFileExists(copy)) FileTable.FileLocalName.set(file, "");
+}
+
+}  // namespace
+
 void leaveResults() {
-  for (Int32 file = 1; file <= FileCount; ++file) {
-    const std::string copy(FileTable.FileLocalName[file]);
-    if (!copy.empty() && basFileExists(copy)) basDeleteTempFile(copy);
-  }
+  for (Int32 file = 1; file <= FileCount; ++file)
+    deleteLocalCopy(file);
   basSaveFilesList();
   basSaveDirTable();
 }

@@ -10,6 +10,7 @@ namespace quernstoke {
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 
 class LeavingResultsTest : public EngineTest {
  protected:
@@ -38,6 +39,7 @@ TEST_F(ResultsStatusTest, PanelsTellTheFiguresOfTheScan) {
 TEST_F(LeavingResultsTest, CopiesOfZipEntriesGo) {
   buildCatalogue({{"a", "C:\\"}, {"b", "C:\\"}, {"c", "C:\\"}});
   disk.file(TempDir + "\\a", "copy");
+  disk.file(TempDir + "\\other", "a person's");
   disk.file("C:\\mine\\b", "not in the directory for copies");
   FileTable.FileLocalName.set(1, TempDir + "\\a");
   FileTable.FileLocalName.set(2, "C:\\mine\\b");
@@ -45,7 +47,31 @@ TEST_F(LeavingResultsTest, CopiesOfZipEntriesGo) {
   leaveResults();
   EXPECT_FALSE(disk.exists(TempDir + "\\a"));
   EXPECT_TRUE(disk.exists("C:\\mine\\b"));
-  EXPECT_EQ(disk.count(DiskAction::remove, TempDir + "\\gone"), 0);
+  EXPECT_TRUE(disk.exists(TempDir + "\\other"));
+}
+
+// A copy that is gone can be made again, and a later file of its name is a person's own.
+TEST_F(LeavingResultsTest, CopiesThatAreGoneAreForgotten) {
+  buildCatalogue({{"a", "C:\\"}, {"b", "C:\\"}});
+  disk.file(TempDir + "\\a", "copy");
+  FileTable.FileLocalName.set(1, TempDir + "\\a");
+  FileTable.FileLocalName.set(2, TempDir + "\\gone");
+  leaveResults();
+  EXPECT_THAT(snapshot(".files"), Not(HasSubstr(TempDir)));
+  disk.file(TempDir + "\\a", "a person's");
+  disk.file(TempDir + "\\gone", "a person's");
+  leaveResults();
+  EXPECT_EQ(disk.content(TempDir + "\\a"), "a person's");
+  EXPECT_EQ(disk.content(TempDir + "\\gone"), "a person's");
+}
+
+TEST_F(LeavingResultsTest, CopyThatCannotBeDeletedIsRemembered) {
+  buildCatalogue({{"a", "C:\\"}});
+  disk.file(TempDir + "\\a", "copy");
+  FileTable.FileLocalName.set(1, TempDir + "\\a");
+  disk.failOn(DiskAction::remove, TempDir + "\\a", FailureNumber::permissionDenied);
+  leaveResults();
+  EXPECT_EQ(FileTable.FileLocalName[1], TempDir + "\\a");
 }
 
 TEST_F(LeavingResultsTest, TicksAndDeletionsReachTheDisk) {

@@ -255,6 +255,10 @@ void MemoryFileSystem::setAttributes(std::string_view path, int attributes) {
       attributes & (attributeReadOnly | attributeHidden | attributeSystem);
 }
 
+void MemoryFileSystem::mountAgain(std::string_view directory, std::string_view drive) {
+  drives_[folded(drive)] = need(directory, FailureNumber::pathNotFound);
+}
+
 void MemoryFileSystem::erase(std::string_view path) {
   const auto node = need(path, FailureNumber::fileNotFound);
   std::erase(needParent(path)->children, node);
@@ -408,10 +412,12 @@ std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::needWalked(std::string
   return node;
 }
 
-void MemoryFileSystem::removeWalked(std::string_view path, std::string_view root) {
-  note(DiskAction::remove, path);
-  const auto node = needWalked(path, root);
-  std::erase(needParent(path)->children, node);
+void MemoryFileSystem::removeWalked(const WalkedFile& file) {
+  note(DiskAction::remove, file.path);
+  const auto node = needWalked(file.path, file.root);
+  if (node->length() != file.size || node->modified != file.modified)
+    fail(FailureNumber::fileChanged);
+  std::erase(needParent(file.path)->children, node);
 }
 
 void MemoryFileSystem::copyWalked(std::string_view path, std::string_view root,
@@ -427,6 +433,11 @@ void MemoryFileSystem::copyWalked(std::string_view path, std::string_view root,
   copy->pretendedLength = source->pretendedLength;
   copy->flags = source->flags;
   copy->modified = source->modified;
+}
+
+bool MemoryFileSystem::isSameFile(std::string_view path, std::string_view other) {
+  const auto node = find(path);
+  return node && node == find(other);
 }
 
 void MemoryFileSystem::rename(std::string_view from, std::string_view to) {

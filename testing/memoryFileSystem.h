@@ -65,6 +65,8 @@ class MemoryFileSystem : public FileSystem {
   void emptyFileOfLength(std::string_view path, std::int64_t length);
   void directory(std::string_view path);  // With all above it.
   void setAttributes(std::string_view path, int attributes);
+  // Lets a directory be reached by a drive as well.
+  void mountAgain(std::string_view directory, std::string_view drive);
   void erase(std::string_view path);  // A file, or a directory with all in it.
   bool exists(std::string_view path) const;
   std::string content(std::string_view path) const;
@@ -95,7 +97,8 @@ class MemoryFileSystem : public FileSystem {
   std::int32_t length(std::string_view path) override;
   DateTime modified(std::string_view path) override;
   void remove(std::string_view path) override;
-  void removeWalked(std::string_view path, std::string_view root) override;
+  void removeWalked(const WalkedFile& file) override;
+  bool isSameFile(std::string_view path, std::string_view other) override;
   void copyWalked(std::string_view path, std::string_view root, std::string_view to) override;
   void rename(std::string_view from, std::string_view to) override;
   FileNumber open(std::string_view path, OpenMode mode) override;

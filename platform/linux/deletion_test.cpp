@@ -1,10 +1,13 @@
 // Deleting files of the results from a real disk: nothing but the file that the scan came upon may
 // go.
 
+#include <chrono>
+#include <filesystem>
 #include <sys/stat.h>
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
+#include "core/procedure.h"
 #include "core/scanState.h"
 #include "platform/linux/linuxFileSystem.h"
 #include "platform/linux/temporaryTree.h"
@@ -38,8 +41,23 @@ class DeletionOnDisk : public EngineTest {
   Int32 inRoot(const std::string& name) const {
     return directory(tree_.programPath() + '\\' + windowsName(name), root());
   }
-  static bool remove(Int32 directory, const std::string& name) {
-    const Int32 file = basAddFileToList(windowsName(name), directory, 1, {});
+  // The row of a file, with the size and date of whatever stands there now.
+  Int32 addFile(Int32 directory, const std::string& name, int match = noMatch) {
+    const std::string path = DirTable[directory].name + '\\' + name;
+    Int32 size;
+    DateTime modified;
+    ignoringFailure([&] {
+      size = files_.length(path);
+      modified = files_.modified(path);
+    });
+    const Int32 file = basAddFileToList(name, directory, size, modified);
+    FileTable.FileStatus[statusMatch][file] = match;
+    return file;
+  }
+  bool remove(Int32 directory, const std::string& name) {
+    return remove(addFile(directory, windowsName(name)));
+  }
+  static bool remove(Int32 file) {
     bool deleted = false;
     basDeleteFileFromGrid(file, deleted);
     EXPECT_EQ(FileTable.FileStatus[statusState][file] == fileState::deleted, deleted);
@@ -152,10 +170,55 @@ TEST_F(DeletionOnDisk, DirectoryOfAnotherCaseIsNotEntered) {
   EXPECT_TRUE(tree_.exists("SUB/song"));
 }
 
-TEST_F(DeletionOnDisk, NamedDirectoryIsFoundInAnyCase) {
+TEST_F(DeletionOnDisk, NamedDirectoryOfAnotherCaseIsAnother) {
   tree_.file("Music/song");
-  EXPECT_TRUE(remove(directory(tree_.programPath("music")), "song"));
-  EXPECT_FALSE(tree_.exists("Music/song"));
+  EXPECT_FALSE(remove(directory(tree_.programPath("music")), "song"));
+  EXPECT_TRUE(tree_.exists("Music/song"));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(DeletionOnDisk, FileThatWasWrittenAgainStays) {
+  tree_.file("song", "old");
+  const Int32 file = addFile(root(), "song");
+  tree_.file("song", "longer");
+  EXPECT_FALSE(remove(file));
+  EXPECT_EQ(tree_.content("song"), "longer");
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre("Unable to delete file " + tree_.programPath("song") +
+                          "\r\nReason: The file has changed since the scan"));
+}
+
+TEST_F(DeletionOnDisk, FileOfAnotherDateStays) {
+  tree_.file("song", "old");
+  const Int32 file = addFile(root(), "song");
+  const std::filesystem::path path = tree_.path("song");
+  last_write_time(path, last_write_time(path) - std::chrono::seconds(2));
+  EXPECT_FALSE(remove(file));
+  EXPECT_TRUE(tree_.exists("song"));
+}
+
+// The file is listed twice, and each row would take the other's content with it.
+TEST_F(DeletionOnDisk, FileBehindTwoNamedDirectoriesStays) {
+  tree_.file("real/song", "x");
+  tree_.link("named", tree_.path("real"));
+  const Int32 first = addFile(directory(tree_.programPath("real")), "song", 1);
+  const Int32 second = addFile(directory(tree_.programPath("named")), "song", 1);
+  EXPECT_FALSE(remove(first));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre("Unable to delete file " + tree_.programPath("real/song") +
+                          "\r\nReason: It is the same file as " + tree_.programPath("named/song")));
+  EXPECT_FALSE(remove(second));
+  EXPECT_TRUE(tree_.exists("real/song"));
+}
+
+TEST_F(DeletionOnDisk, HardLinksAreFilesOfTheirOwn) {
+  tree_.file("song", "x");
+  std::filesystem::create_hard_link(tree_.path("song"), tree_.path("copy"));
+  const Int32 song = addFile(root(), "song", 1);
+  addFile(root(), "copy", 1);
+  EXPECT_TRUE(remove(song));
+  EXPECT_FALSE(tree_.exists("song"));
+  EXPECT_EQ(tree_.content("copy"), "x");
 }
 
 TEST_F(DeletionOnDisk, OddNamesGoAndTheirLikesStay) {
@@ -178,10 +241,7 @@ TEST_F(DeletionOnDisk, NamesThatLeadAwayAreNotFollowed) {
   tree_.file("sub/other");
   tree_.file("song");
   for (const char* name : {"..\\song", "inner\\..\\..\\song", ".", "..", "", "*", "?????"}) {
-    bool deleted = false;
-    const Int32 file = basAddFileToList(name, inRoot("sub"), 1, {});
-    basDeleteFileFromGrid(file, deleted);
-    EXPECT_FALSE(deleted) << name;
+    EXPECT_FALSE(remove(addFile(inRoot("sub"), name))) << name;
   }
   EXPECT_TRUE(tree_.exists("song"));
   EXPECT_TRUE(tree_.exists("sub/inner/file"));

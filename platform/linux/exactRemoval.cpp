@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <string>
-#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -15,7 +14,8 @@ namespace quernstoke {
 
 namespace {
 
-int removeFile(const Descriptor& directory, const std::string& name) {
+int removeFile(const Descriptor& directory, const std::string& name,
+               const std::function<void(const struct stat&)>& refuse) {
   return outcomeOf([&] {
     struct stat facts;
     if (::fstatat(directory.get(), name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0) return -1;
@@ -23,16 +23,18 @@ int removeFile(const Descriptor& directory, const std::string& name) {
       errno = ENOENT;
       return -1;
     }
+    refuse(facts);
     return ::unlinkat(directory.get(), name.c_str(), 0);
   });
 }
 
 }  // namespace
 
-int removeBelow(Descriptor directory, std::string_view relativePath) {
+int removeBelow(Descriptor directory, std::string_view relativePath,
+                const std::function<void(const struct stat&)>& refuse) {
   std::string name;
   const int outcome = enterExactly(directory, relativePath, name);
-  return outcome < 0 ? outcome : removeFile(directory, name);
+  return outcome < 0 ? outcome : removeFile(directory, name, refuse);
 }
 
 }  // namespace quernstoke

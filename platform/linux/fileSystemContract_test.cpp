@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <vector>
 
+#include "core/procedure.h"
 #include "platform/linux/expectFailure.h"
 #include "platform/linux/linuxFileSystem.h"
 #include "platform/linux/temporaryTree.h"
@@ -51,6 +52,16 @@ class FileSystemContractTest : public testing::Test {
     bytes.resize(files_.read(file, bytes));
     files_.close(file);
     return bytes;
+  }
+  // As a walk from the root would have found it just now.
+  void removeWalked(const std::string& relative, const std::string& root) {
+    const std::string path = at(relative);
+    WalkedFile file{path, root, 0, {}};
+    ignoringFailure([&] {
+      file.size = files_.length(path);
+      file.modified = files_.modified(path);
+    });
+    files_.removeWalked(file);
   }
   std::set<std::string> names(int mask) {
     std::set<std::string> found;
@@ -145,11 +156,11 @@ TYPED_TEST(FileSystemContractTest, ReadOnlyFileIsKeptUntilItsAttributesAreCleare
 TYPED_TEST(FileSystemContractTest, WalkedFileIsRemovedAlsoReadOnly) {
   this->files_.makeDirectory(this->at("Dir"));
   this->makeFile("Dir\\File");
-  this->files_.removeWalked(this->at("Dir\\File"), this->disk_.root);
+  this->removeWalked("Dir\\File", this->disk_.root);
   EXPECT_FAILURE(fileNotFound, this->files_.attributes(this->at("Dir\\File")));
   this->makeFile("File");
   this->disk_.makeReadOnly("File");
-  this->files_.removeWalked(this->at("File"), this->disk_.root);
+  this->removeWalked("File", this->disk_.root);
   EXPECT_FAILURE(fileNotFound, this->files_.attributes(this->at("File")));
 }
 
@@ -157,7 +168,7 @@ TYPED_TEST(FileSystemContractTest, WalkedFileIsTakenByItsExactNames) {
   this->files_.makeDirectory(this->at("Dir"));
   this->makeFile("Dir\\File");
   const auto remove = [&](const std::string& name, const std::string& root) {
-    this->files_.removeWalked(this->at(name), root);
+    this->removeWalked(name, root);
   };
   const std::string& root = this->disk_.root;
   EXPECT_FAILURE(fileNotFound, remove("Dir\\file", root));
@@ -213,6 +224,32 @@ TYPED_TEST(FileSystemContractTest, CopyNeverReplaces) {
                  this->files_.copyWalked(this->at("from"), this->disk_.root, this->at("none\\to")));
   EXPECT_EQ("from", this->content("from"));
   EXPECT_EQ("to", this->content("To"));
+}
+
+TYPED_TEST(FileSystemContractTest, WalkedFileThatHasChangedStays) {
+  this->makeFile("file", "content");
+  const std::string path = this->at("file");
+  const std::string& root = this->disk_.root;
+  const DateTime modified = this->files_.modified(path);
+  EXPECT_FAILURE(fileChanged, this->files_.removeWalked({path, root, 6, modified}));
+  EXPECT_FAILURE(fileChanged, this->files_.removeWalked({path, root, 7, {modified.seconds + 1}}));
+  EXPECT_FAILURE(fileChanged, this->files_.removeWalked({path, root, 7, {modified.seconds - 1}}));
+  EXPECT_EQ("content", this->content("file"));
+  this->files_.removeWalked({path, root, 7, modified});
+  EXPECT_FAILURE(fileNotFound, this->files_.attributes(path));
+}
+
+TYPED_TEST(FileSystemContractTest, SameFileIsToldFromItsLikes) {
+  this->makeFile("File", "content");
+  this->makeFile("other", "content");
+  const auto same = [&](const std::string& path, const std::string& other) {
+    return this->files_.isSameFile(this->at(path), this->at(other));
+  };
+  EXPECT_TRUE(same("File", "File"));
+  EXPECT_TRUE(same("File", "FILE"));
+  EXPECT_FALSE(same("File", "other"));
+  EXPECT_FALSE(same("File", "none"));
+  EXPECT_FALSE(same("none", "none"));
 }
 
 TYPED_TEST(FileSystemContractTest, RenameNeverReplaces) {

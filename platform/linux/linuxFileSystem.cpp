@@ -242,8 +242,14 @@ Descriptor LinuxFileSystem::openRoot(std::string_view root) {
   return Descriptor(outcome);
 }
 
-void LinuxFileSystem::removeWalked(std::string_view path, std::string_view root) {
-  check(removeBelow(openRoot(root), drives_.linuxPath(behindRoot(path, root))), Subject::file);
+void LinuxFileSystem::removeWalked(const WalkedFile& file) {
+  const auto refuseChanged = [&](const struct stat& facts) {
+    if (facts.st_size != file.size || localTime_.at(facts.st_mtime) != file.modified)
+      fail(FailureNumber::fileChanged);
+  };
+  check(removeBelow(openRoot(file.root), drives_.linuxPath(behindRoot(file.path, file.root)),
+                    refuseChanged),
+        Subject::file);
 }
 
 void LinuxFileSystem::copyWalked(std::string_view path, std::string_view root,
@@ -255,6 +261,17 @@ void LinuxFileSystem::copyWalked(std::string_view path, std::string_view root,
   if (target.error != ENOENT) failWith(target.error, Subject::file);
   check(copyBelow(std::move(directory), source, target.directory.get(), target.name),
         Subject::file);
+}
+
+bool LinuxFileSystem::isSameFile(std::string_view path, std::string_view other) {
+  struct stat left;
+  struct stat right;
+  const auto read = [this](std::string_view of, struct stat& facts) {
+    return atPath(toLinux(of),
+                  [&](int at, const char* name) { return ::fstatat(at, name, &facts, 0); }) >= 0;
+  };
+  return read(path, left) && left.st_nlink == 1 && read(other, right) &&
+         left.st_dev == right.st_dev && left.st_ino == right.st_ino;
 }
 
 void LinuxFileSystem::rename(std::string_view from, std::string_view to) {

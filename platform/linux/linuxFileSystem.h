@@ -30,7 +30,8 @@ class LinuxFileSystem final : public FileSystem {
   std::int32_t length(std::string_view path) override;
   DateTime modified(std::string_view path) override;
   void remove(std::string_view path) override;
-  void removeWalked(std::string_view path, std::string_view root) override;
+  void removeWalked(const WalkedFile& file) override;
+  bool isSameFile(std::string_view path, std::string_view other) override;
   void copyWalked(std::string_view path, std::string_view root, std::string_view to) override;
   void rename(std::string_view from, std::string_view to) override;
 

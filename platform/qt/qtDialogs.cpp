@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QMessageBox>
 
 #include "platform/qt/qtText.h"
@@ -69,6 +70,37 @@ Answer answerOf(int button) {
   }
 }
 
+// A key that is still held down from before must not answer a question that comes up meanwhile. In
+// a text it may repeat itself, but neither accept nor dismiss.
+class HeldKeys : public QObject {
+ public:
+  HeldKeys(QDialog& box, bool inText) : box_(box), inText_(inText) {
+    QCoreApplication::instance()->installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool isKey =
+        event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    if (!isKey || !isOfBox(watched)) return false;
+    const auto* const key = static_cast<QKeyEvent*>(event);
+    if (!key->isAutoRepeat() || (inText_ && !isChoice(key->key()))) return false;
+    event->accept();  // A shortcut that is overridden is pressed as a key, and ends here too.
+    return true;
+  }
+
+ private:
+  static bool isChoice(int key) {
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape;
+  }
+  bool isOfBox(QObject* watched) const {
+    const auto* const widget = qobject_cast<QWidget*>(watched);
+    return widget != nullptr && (widget == &box_ || box_.isAncestorOf(widget));
+  }
+
+  QDialog& box_;
+  bool inText_;
+};
+
 }  // namespace
 
 Answer QtDialogs::messageBox(std::string_view text, Buttons buttons, std::string_view title,
@@ -82,6 +114,7 @@ Answer QtDialogs::messageBox(std::string_view text, Buttons buttons, std::string
   box.setStandardButtons(set.shown);
   box.setDefaultButton(set.first);
   box.setEscapeButton(set.last);
+  const HeldKeys held(box, false);
   return answerOf(box.exec());
 }
 
@@ -91,6 +124,7 @@ std::string QtDialogs::inputBox(std::string_view prompt, std::string_view title,
   box.setLabelText(withPlainBreaks(prompt));
   box.setWindowTitle(titleOrDefault(title));
   box.setTextValue(qtText(preset));
+  const HeldKeys held(box, true);
   if (box.exec() != QDialog::Accepted) return {};
   return enteredText(box.textValue());
 }

@@ -83,6 +83,35 @@ TEST_F(QtDialogsTest, LineBreaksAreLinesAndMarkupIsText) {
   EXPECT_EQ(format, Qt::PlainText);
 }
 
+TEST_F(QtDialogsTest, KeyHeldDownFromBeforeAnswersNothing) {
+  whenShown<QMessageBox>([](QMessageBox& box) {
+    for (const auto& [key, text] : {std::pair{Qt::Key_Return, "\r"},
+                                    {Qt::Key_Enter, "\r"},
+                                    {Qt::Key_Escape, "\x1b"},
+                                    {Qt::Key_Y, "y"},
+                                    {Qt::Key_N, "n"}})
+      for (QWidget* widget :
+           {static_cast<QWidget*>(&box), static_cast<QWidget*>(box.button(QMessageBox::Yes))}) {
+        repeatKey(*widget, key, text);
+        EXPECT_TRUE(box.isVisible()) << text;
+      }
+    box.button(QMessageBox::No)->click();
+  });
+  EXPECT_EQ(dialogs.messageBox("?", Buttons::yesNo, "", Icon::none), Answer::no);
+}
+
+TEST_F(QtDialogsTest, KeyHeldDownNeitherTakesNorDismissesAText) {
+  whenShown<QInputDialog>([](QInputDialog& box) {
+    auto& line = *box.findChild<QLineEdit*>();
+    repeatKey(line, Qt::Key_Return, "\r");
+    repeatKey(line, Qt::Key_Escape);
+    EXPECT_TRUE(box.isVisible());
+    repeatKey(line, Qt::Key_A, "a");
+    box.accept();
+  });
+  EXPECT_EQ(dialogs.inputBox("Name", "", ""), "a");
+}
+
 TEST_F(QtDialogsTest, EachButtonIsItsAnswer) {
   willPress(QMessageBox::Ok);
   EXPECT_EQ(dialogs.messageBox("?", Buttons::okCancel, "", Icon::none), Answer::ok);

@@ -54,4 +54,10 @@ inline void typeKey(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = 
   QApplication::sendEvent(&widget, &release);
 }
 
+// A key that is still held down.
+inline void repeatKey(QWidget& widget, int key, const QString& text = {}) {
+  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text, true);
+  QApplication::sendEvent(&widget, &press);
+}
+
 }  // namespace quernstoke
