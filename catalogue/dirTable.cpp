@@ -86,6 +86,15 @@ Int32 basAddDirToList(std::string_view name, char kind, Int32 parent, bool& exis
   });
 }
 
+bool isListedDirectory(Int32 row) {
+  return row >= 1 && row <= DirCount && row <= DirTable.upperBound();
+}
+
+const DirRow& listedDirectory(Int32 row) {
+  if (!isListedDirectory(row)) fail(FailureNumber::subscriptOutOfRange);
+  return DirTable[row];
+}
+
 Int32 basFindDirInList(std::string_view name) {
   return procedure("basFindDirInList", [&] { return DirTable.find(name); });
 }

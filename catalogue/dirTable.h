@@ -60,6 +60,13 @@ extern Int32 DirCount;
 // Adds a directory or zip file, or finds the row of the same name, and returns its row.
 Int32 basAddDirToList(std::string_view name, char kind, Int32 parent, bool& existed);
 
+// Whether a row belongs to the list. A list may come without its directories, and the table still
+// hold those of another one.
+bool isListedDirectory(Int32 row);
+
+// Fails with a subscript out of range for a row that does not belong to the list.
+const DirRow& listedDirectory(Int32 row);
+
 // The row of a name, letter case counting, or -1.
 Int32 basFindDirInList(std::string_view name);
 

@@ -80,9 +80,9 @@ std::string basGetDirnameFromFilenum(Int32 file) {
 }
 
 const std::string& containerDirectory(Int32 file) {
-  const DirRow& directory = DirTable[FileTable.FileDirNum[file]];
+  const DirRow& directory = listedDirectory(FileTable.FileDirNum[file]);
   if (directory.kind != dirKind::zipFolder) return directory.name;
-  return DirTable[DirTable[directory.parent].parent].name;
+  return listedDirectory(listedDirectory(directory.parent).parent).name;
 }
 
 void copyFileRow(Int32 from, Int32 to) {

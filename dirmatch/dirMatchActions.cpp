@@ -57,9 +57,18 @@ std::string_view rootOf(const FilePath& path) {
   return *root;
 }
 
-void remove(Int32 file, const FilePath& path) {
-  files().removeWalked(
-      {path.whole(), rootOf(path), FileTable.FileSize[file].raw(), FileTable.FileDate[file]});
+// What tells a file that has changed from what it was a moment ago.
+struct Look {
+  std::int32_t size = 0;
+  DateTime modified;
+};
+
+Look lookAt(const std::string& path) {
+  return {files().length(path), files().modified(path)};
+}
+
+void remove(const FilePath& path, const Look& look) {
+  files().removeWalked({path.whole(), rootOf(path), look.size, look.modified});
 }
 
 bool saysAbsent(const Failure& failure) {
@@ -148,13 +157,15 @@ class Mover {
       dialogs().messageBox("Destination file already exists. Move failed");
       return;
     }
-    if (!copy(from, to) || !removeOriginal(file, from, to)) return;
+    Look look;
+    if (!copy(from, to, look) || !removeOriginal(from, to, look)) return;
     FileTable.FileDirNum[file] = target.row;
     if (FileTable.FileStatus[statusTemporary][file] == 1) DirTable.setTemporary(target.row, false);
   }
 
-  static bool copy(const FilePath& from, const FilePath& to) {
+  static bool copy(const FilePath& from, const FilePath& to, Look& look) {
     try {
+      look = lookAt(from.whole());
       files().copyWalked(from.whole(), rootOf(from), to.whole());
       return true;
     } catch (const Failure& failure) {
@@ -165,9 +176,9 @@ class Mover {
   }
 
   // Returns whether the copy is the file from now on.
-  static bool removeOriginal(Int32 file, const FilePath& from, const FilePath& to) {
+  static bool removeOriginal(const FilePath& from, const FilePath& to, const Look& look) {
     try {
-      remove(file, from);
+      remove(from, look);
     } catch (const Failure& failure) {
       // Somebody else has removed it: what there is of it now is the copy.
       if (saysAbsent(failure)) return true;
@@ -175,9 +186,10 @@ class Mover {
                            failure.description);
       // A failing disk may not tell what it has done. The copy goes only for an original that is
       // there to be seen.
-      if (basFileExists(from.whole()))
-        files().removeWalked(
-            {to.whole(), to.directory, files().length(to.whole()), files().modified(to.whole())});
+      if (basFileExists(from.whole())) {
+        const Look copied = lookAt(to.whole());
+        files().removeWalked({to.whole(), to.directory, copied.size, copied.modified});
+      }
       return false;
     }
     return true;
@@ -206,7 +218,7 @@ void deleteIfWanted(DirMatchControls& form, Int32 file) {
       dialogs().messageBox("Are you sure you want to delete the file: " + newItem + path.whole(),
                            Buttons::yesNo, "Delete file", Icon::none);
   if (answer != Answer::yes) return;
-  ignoringFailure([&] { remove(file, path); });
+  ignoringFailure([&] { remove(path, lookAt(path.whole())); });
   FileTable.FileStatus[statusState][file] = fileState::deleted;
   basProcessFiles(form);
 }

@@ -28,18 +28,8 @@ namespace quernstoke {
 
 namespace {
 
-// A list may come without its directories, and the table still hold those of another one.
-bool isInList(Int32 directory) {
-  return directory >= 1 && directory <= DirCount && directory <= DirTable.upperBound();
-}
-
-const DirRow& rowOfDirectory(Int32 directory) {
-  if (!isInList(directory)) fail(FailureNumber::subscriptOutOfRange);
-  return DirTable[directory];
-}
-
 const DirRow& directoryOf(Int32 file) {
-  return rowOfDirectory(FileTable.FileDirNum[file]);
+  return listedDirectory(FileTable.FileDirNum[file]);
 }
 
 bool isInZip(const DirRow& directory) {
@@ -66,7 +56,7 @@ bool removeFromDisk(Int32 file, const std::string& path) {
 
 bool livesOnDisk(Int32 file) {
   return FileTable.FileStatus[statusState][file] != fileState::deleted &&
-         isInList(FileTable.FileDirNum[file]) && !isInZip(directoryOf(file));
+         isListedDirectory(FileTable.FileDirNum[file]) && !isInZip(directoryOf(file));
 }
 
 // A file that two directories of the profile lead to is listed twice, as its own duplicate. Returns
@@ -152,7 +142,7 @@ std::string extract(Int32 file) {
   }
   const DirRow& folder = directoryOf(file);
   std::string copy =
-      basExtractZipEntry(rowOfDirectory(folder.parent).name, folder.name, name, true);
+      basExtractZipEntry(listedDirectory(folder.parent).name, folder.name, name, true);
   if (copy.empty() && lower(ZipMessages).find("incorrect password") != std::string::npos)
     dialogs().messageBox("Can not launch file as the Zip file requires a password");
   return copy;
@@ -179,7 +169,7 @@ void launch(const std::string& path) {
 void basDeleteFileFromGrid(Int32 file, bool& deleted) {
   procedure("basDeleteFileFromGrid", [&] {
     deleted = false;
-    if (!isInList(FileTable.FileDirNum[file])) return;
+    if (!isListedDirectory(FileTable.FileDirNum[file])) return;
     if (isInZip(directoryOf(file))) {
       dialogs().messageBox("Unable to delete from a zip file");
       return;

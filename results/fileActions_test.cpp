@@ -257,17 +257,16 @@ TEST_F(DeletionTest, DirectoryInAnotherCaseIsAnotherDirectory) {
   EXPECT_TRUE(disk.exists("C:\\music\\OLD\\song"));
 }
 
-// As when the directory that was scanned has gone and another one is found in its stead.
-TEST_F(DeletionTest, DirectoryOfTheProfileInAnotherCaseIsAnotherDirectory) {
+// A person may have typed it so.
+TEST_F(DeletionTest, DirectoryOfTheProfileMayBeInAnotherCase) {
   disk.file("C:\\Music\\Old\\song", "x");
   buildCatalogue({{"other", "C:\\music", 1, 2}, {"song", "C:\\music\\Old", 1, 2}});
   DirTable.setParent(2, 1);
   build();
   select(2, 2);
   deleteSelected();
-  EXPECT_TRUE(disk.exists("C:\\Music\\Old\\song"));
-  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
-  EXPECT_FALSE(isStruck(2));
+  EXPECT_FALSE(disk.exists("C:\\Music\\Old\\song"));
+  EXPECT_TRUE(isStruck(2));
 }
 
 TEST_F(DeletionTest, DriveMayBeWrittenInEitherCase) {

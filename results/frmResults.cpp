@@ -161,7 +161,7 @@ void frmResults::connectControls() {
   connect(ui_->vscrGridMatches, &QScrollBar::valueChanged, this, &frmResults::moveToScrollBar);
   connect(ui_->gridMatches, &FlexGrid::click, this, [this] { gridMatches_Click(*this); });
   connect(ui_->gridMatches, &FlexGrid::keyUp, this, [this](GridKey key) {
-    if (!deleting_) gridMatches_KeyUp(*this, static_cast<int>(key));
+    if (!pageIsKept_) gridMatches_KeyUp(*this, static_cast<int>(key));
   });
   connect(ui_->gridMatches, &FlexGrid::mouseDown, this, [this](GridButton button, int x, int y) {
     popUpAt(static_cast<int>(button), {x, y});
@@ -256,13 +256,6 @@ void frmResults::Form_Activate() {
   });
 }
 
-// A deletion counts on its page staying as it is while a message is up. The message holds off mouse
-// and keyboard, but neither the desktop nor who works the controls in other ways.
-
-bool frmResults::Form_QueryUnload(UnloadCause /*cause*/) {
-  return !pageIsKept_;
-}
-
 void frmResults::Form_Resize() {
   procedure("Form_Resize", [this] {
     resizeOwed_ = pageIsKept_;
@@ -274,7 +267,7 @@ void frmResults::Form_Resize() {
 }
 
 bool frmResults::Form_QueryUnload(UnloadCause /*cause*/) {
-  return isEnabled();
+  return isEnabled() && !pageIsKept_;
 }
 
 void frmResults::Form_Unload() {
@@ -287,7 +280,7 @@ void frmResults::Form_Unload() {
 void frmResults::cboGroup_Click() {
   procedure("cboGroup_Click", [this] {
     if (takeIgnoreTag(*ui_->cboGroup)) return;
-    if (deleting_) return ui_->cboGroup->setCurrentIndex(ResultsGroup.raw());
+    if (pageIsKept_) return ui_->cboGroup->setCurrentIndex(ResultsGroup.raw());
     ResultsGroup = static_cast<std::int16_t>(ui_->cboGroup->currentIndex());
     basBuildWholeGrid(*this, 0, 0);
     focusGrid();
@@ -297,7 +290,7 @@ void frmResults::cboGroup_Click() {
 void frmResults::cboView_Click() {
   procedure("cboView_Click", [this] {
     if (takeIgnoreTag(*ui_->cboView)) return;
-    if (deleting_) return ui_->cboView->setCurrentIndex(ResultsView.raw());
+    if (pageIsKept_) return ui_->cboView->setCurrentIndex(ResultsView.raw());
     ResultsView = static_cast<std::int16_t>(ui_->cboView->currentIndex());
     basBuildWholeGrid(*this, 0, 0);
     focusGrid();
@@ -310,9 +303,11 @@ void frmResults::moveToScrollBar() {
 }
 
 // Runs what counts on the page and the order of the catalogue staying as they are while it shows a
-// message or another window.
+// message or another window. These hold off mouse and keyboard, but neither the desktop nor who
+// works the controls in other ways.
 template <class Command>
 void frmResults::keepingThePage(Command command) {
+  if (pageIsKept_) return;
   pageIsKept_ = true;
   command();
   pageIsKept_ = false;
@@ -428,7 +423,7 @@ void frmResults::contextMenuEvent(QContextMenuEvent* event) {
 
 void frmResults::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Space && ui_->gridMatches->hasFocus()) {
-    if (!event->isAutoRepeat() && !deleting_) tickSelection(*this);
+    if (!event->isAutoRepeat() && !pageIsKept_) tickSelection(*this);
     return;
   }
   Form::keyPressEvent(event);

@@ -38,7 +38,7 @@ void frmResults::focusGrid() {
 
 void frmResults::cmdSHowHideHelp_Click() {
   procedure("cmdShowHideHelp_Click", [this] {
-    if (deleting_) return;
+    if (pageIsKept_) return;
     const bool shown = !helpIsShown();
     ui_->fraHelp->setVisible(shown);
     GlobalSettings.HelpPanel = shown;
