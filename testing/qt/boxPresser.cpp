@@ -11,7 +11,7 @@ class BoxPresser : public QGenericPlugin {
   Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "boxPresser.json")
 
  public:
-  QObject* create(const QString& /*name*/, const QString& /*specification*/) override {
+  QObject* create(const QString& /*name*/, const QString& /*options*/) override {
     auto* const timer = new QTimer;
     QObject::connect(timer, &QTimer::timeout, [] {
       auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
