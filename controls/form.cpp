@@ -11,6 +11,7 @@
 #include <QScrollArea>
 #include <QStyle>
 #include <QThread>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <QValidator>
 #include <QWindow>
@@ -261,7 +262,8 @@ void Form::keyPressEvent(QKeyEvent* event) {
 }
 
 void Form::pressDefaultButton() {
-  auto* button = qobject_cast<QAbstractButton*>(focusWidget());
+  QAbstractButton* button = qobject_cast<QPushButton*>(focusWidget());
+  if (!button) button = qobject_cast<QToolButton*>(focusWidget());
   if (!button || button->isCheckable()) {
     button = nullptr;
     for (QPushButton* candidate : findChildren<QPushButton*>())

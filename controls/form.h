@@ -28,8 +28,8 @@ enum class ShownState : std::int16_t { normal = 0, minimised = 1, maximised = 2 
 // A form belongs to itself and must be made with new. When the last one that is loaded is gone, the
 // event loop ends.
 //
-// Enter presses the button that has the focus, unless that is a box or an option, else the default
-// button; Escape presses the cancel button, if there is one. The close box unloads.
+// Enter presses the push or tool button that has the focus, else the default button; Escape presses
+// the cancel button, if there is one. The close box unloads.
 //
 // A form is shown no larger than the screen. Where its layout needs more room, the controls scroll.
 // Its fields of one line take no control characters.

@@ -69,6 +69,13 @@ int PanelStatusBar::widthFor(std::string_view text) const {
   return std::min(fontMetrics().horizontalAdvance(qtText(text)), longest) + 2 * margin;
 }
 
+// A fraction of a pixel that the width lacks is no reason to shorten a text.
+QString PanelStatusBar::shownText(const StatusPanel& panel, int width) const {
+  const QString text = qtText(panel.text);
+  if (fontMetrics().horizontalAdvance(text) <= width) return text;
+  return fontMetrics().elidedText(text, Qt::ElideRight, width);
+}
+
 void PanelStatusBar::arrange() {
   QStringList texts;
   int left = 0;
@@ -111,7 +118,7 @@ void PanelStatusBar::paintEvent(QPaintEvent* /*event*/) {
       painter.setPen(palette().color(QPalette::WindowText));
       const QRect inner = rect.adjusted(margin, 0, -margin, 0);
       painter.drawText(inner, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                       fontMetrics().elidedText(qtText(panel.text), Qt::ElideRight, inner.width()));
+                       shownText(panel, inner.width()));
     }
   }
 }

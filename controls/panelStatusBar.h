@@ -35,6 +35,7 @@ class PanelStatusBar : public QStatusBar {
   void setPanelVisible(int number, bool visible);
   void setPanelMinWidth(int number, int pixels);
   int widthFor(std::string_view text) const;  // Of a panel that shows it.
+  QString shownText(const StatusPanel& panel, int width) const;
 
   QSize minimumSizeHint() const override;
 

@@ -149,6 +149,7 @@ std::string basExtractZipEntry(const std::string& zipPath, const std::string& in
     // What lies there already may be a person's own, and is neither replaced nor taken for the
     // entry.
     if (isTaken(extracted)) {
+      ZipMessages.clear();  // Those are of another extraction.
       logFailedExtraction(entry, zipPath, extracted + " exists");
       return {};
     }

@@ -214,11 +214,13 @@ void eachSelectedFile(const FlexGridModel& grid, Int32 side, Act act) {
 
 void deleteIfWanted(DirMatchControls& form, Int32 file) {
   const FilePath path{directoryOf(file), nameOf(file)};
+  Look look;
+  ignoringFailure([&] { look = lookAt(path.whole()); });
   const Answer answer =
       dialogs().messageBox("Are you sure you want to delete the file: " + newItem + path.whole(),
                            Buttons::yesNo, "Delete file", Icon::none);
   if (answer != Answer::yes) return;
-  ignoringFailure([&] { remove(path, lookAt(path.whole())); });
+  ignoringFailure([&] { remove(path, look); });
   FileTable.FileStatus[statusState][file] = fileState::deleted;
   basProcessFiles(form);
 }
@@ -234,8 +236,9 @@ void cmdDelete_Click(DirMatchControls& form, Int32 side) {
   });
 }
 
+// The name in the box is one that it has always had.
 void cmdMove_Click(DirMatchControls& form, Int32 side) {
-  procedure("cmdMove_Click", [&] {
+  procedure("lstFileExtensions_DblClick", [&] {
     Mover mover(side);
     eachSelectedFile(form.griddir(), side, [&](Int32 file) { return mover.move(file); });
     basProcessFiles(form);

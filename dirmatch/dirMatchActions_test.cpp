@@ -423,7 +423,8 @@ TEST_F(DirMatchActionsTest, CopyThatCannotBeTakenBackIsToldAsAProcedureError) {
   for (const char* path : {"C:\\left\\a", "C:\\right\\a"})
     disk.failOn(DiskAction::remove, path, FailureNumber::permissionDenied);
   moveRows(1, 1, left, {Answer::yes});
-  EXPECT_EQ(lastMessage(), "Procedure error in 'cmdMove_Click'.  Reason: Permission denied(70).");
+  EXPECT_EQ(lastMessage(),
+            "Procedure error in 'lstFileExtensions_DblClick'.  Reason: Permission denied(70).");
   EXPECT_EQ(content("left\\a"), contentOf("a"));
   EXPECT_EQ(content("right\\a"), contentOf("a"));
 }

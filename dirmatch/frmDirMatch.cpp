@@ -74,8 +74,9 @@ void frmDirMatch::connectControls() {
   connect(ui_->griddir, &FlexGrid::keyUp, this, &frmDirMatch::selectByKey);
 }
 
+// The name in the box is one that it has always had.
 void frmDirMatch::Form_Load() {
-  procedure("Form_Load", [this] {
+  procedure("lstFileExtensions_DblClick", [this] {
     DirMatchBase = {DirTable[DirMatchDir1].name, DirTable[DirMatchDir2].name};
     showDirMatchBases(*this);
     griddir().setFormatString(dirMatchTitles);

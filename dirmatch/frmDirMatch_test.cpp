@@ -307,7 +307,7 @@ TEST_F(DirMatchWindow, WrongDirectoriesAreToldAndTheWindowCanBeClosed) {
   open({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}}, "C:\\nowhere", "C:\\right");
   ASSERT_FALSE(dialogBoxes.messages.empty());
   EXPECT_EQ(dialogBoxes.messages.front(),
-            "Procedure error in 'Form_Load'.  Reason: Subscript out of range(9).");
+            "Procedure error in 'lstFileExtensions_DblClick'.  Reason: Subscript out of range(9).");
   click("cmdClose");
   EXPECT_FALSE(isOpen());
 }

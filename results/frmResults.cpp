@@ -119,9 +119,10 @@ frmResults::frmResults() : ui_(std::make_unique<Ui::frmResults>()) {
   ui_->setupUi(this);
   scrollBar_ = std::make_unique<QtScrollBar>(ui_->vscrGridMatches);
   autoResize_ = std::make_unique<AutoResizeButton>(ui_->cmdAutoResize);
-  setDir_ = {std::make_unique<DirectoryButton>(ui_->cmdSetDir_0),
-             std::make_unique<DirectoryButton>(ui_->cmdSetDir_1)};
-  gridMatches().setScrollBars(ScrollBars::horizontal);  // The page is turned by vscrGridMatches.
+  setDir_[0] = std::make_unique<DirectoryButton>(ui_->cmdSetDir_0);
+  setDir_[1] = std::make_unique<DirectoryButton>(ui_->cmdSetDir_1);
+  ui_->gridMatches->model().setScrollBars(
+      ScrollBars::horizontal);  // The page is turned by vscrGridMatches.
   ui_->sbarStatus->setPanelCount(statusPanelCount);
   ui_->labNoDuplicates->hide();
   ui_->fraHelp->hide();
@@ -214,9 +215,10 @@ void frmResults::makeFilterMenu() {
   const auto addToPair = [&](const char* name, const QString& text, std::int16_t index) {
     return addItem(pair, name, text, [this, index] { mnuFilterTwoDirs_Click(*this, index); });
   };
-  filterTwoDirs_ = {
-      std::make_unique<FilterItem>(addToPair("mnuFilterTwoDirs_0", tr("Set Directory 1"), 0)),
-      std::make_unique<FilterItem>(addToPair("mnuFilterTwoDirs_1", tr("Set Directory 2"), 1))};
+  filterTwoDirs_[0] =
+      std::make_unique<FilterItem>(addToPair("mnuFilterTwoDirs_0", tr("Set Directory 1"), 0));
+  filterTwoDirs_[1] =
+      std::make_unique<FilterItem>(addToPair("mnuFilterTwoDirs_1", tr("Set Directory 2"), 1));
   addToPair("mnuFilterTwoDirs_2", tr("Clear selection"), 2);
 }
 
