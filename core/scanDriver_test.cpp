@@ -8,15 +8,13 @@
 #include "catalogue/fileTable.h"
 #include "core/log.h"
 #include "core/modMain.h"
+#include "core/scanDriverTest.h"
 #include "core/scanState.h"
 #include "core/startUpState.h"
 #include "detect/modLinkedList.h"
 #include "detect/tempStore.h"
 #include "progress/scanStatus.h"
 #include "results/matchGroupIndex.h"
-#include "settings/profileStore.h"
-#include "settings/settings.h"
-#include "testing/engineTest.h"
 
 namespace quernstoke {
 namespace {
@@ -27,60 +25,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 using testing::UnorderedElementsAreArray;
-
-constexpr const char* initializing = "Initializing...";
-constexpr const char* building = "Building file list...  ";
-constexpr const char* searching = "Searching for duplicates...";
-
-// The program started, with the profile "Music" over an empty C:\Data and a new scan chosen.
-class ScanDriverTest : public EngineTest {
- protected:
-  ScanDriverTest() {
-    start();
-    makeProfile("Music");
-    ProfileSettings.MinimumSize = 1;
-    disk.directory("C:\\Data");
-    setDirectory(1, "C:\\Data", "I");
-    StartMode = startMode::newScan;
-    windows.clear();
-    disk.calls.clear();
-  }
-
-  // Runs `action` at the first yield that comes while the status line says `text`.
-  void at(const std::string& text, std::function<void()> action) {
-    eventLoop.onYield = [this, text, action, done = false]() mutable {
-      if (done || statusWindow.statusTexts.back() != text) return;
-      done = true;
-      action();
-    };
-  }
-
-  void twoEqualFiles() {
-    disk.file("C:\\Data\\a.txt", "same");
-    disk.file("C:\\Data\\b.txt", "same");
-  }
-
-  // The disk calls of an action on files of the current profile, by extension.
-  std::vector<std::string> openedProfileFiles() const {
-    const std::string start = ProfilesDir + "\\" + ProfileName;
-    std::vector<std::string> extensions;
-    for (const DiskCall& call : disk.calls)
-      if (call.action == DiskAction::open && call.path.starts_with(start))
-        extensions.push_back(call.path.substr(start.size()));
-    return extensions;
-  }
-
-  // The profile as it was saved.
-  static ProfileSettingsRecord saved() {
-    ProfileSettings = {};
-    basLoadProfile("PROFILE");
-    return ProfileSettings;
-  }
-
-  const std::string logPath = "C:\\Quernstoke\\quernstoke.log";
-  const std::string filesSnapshot = "C:\\Quernstoke\\Profiles\\Music.files";
-  const std::string dirSnapshot = "C:\\Quernstoke\\Profiles\\Music.dir";
-};
 
 // Start and stop.
 
@@ -547,161 +491,6 @@ TEST_F(ScanDriverTest, AnAbortedWalkLeavesWhatItFound) {
   EXPECT_THAT(statusWindow.statusTexts, Not(Contains(searching)));
   EXPECT_EQ(windows.back(), "frmMain show");
   EXPECT_EQ(saved().RunMode, 4);
-}
-
-// A continued scan.
-
-class ContinuedScanTest : public ScanDriverTest {
- protected:
-  ContinuedScanTest() { StartMode = startMode::continueScan; }
-
-  static void restartAt(int group, int primary, int secondary) {
-    ProfileSettings.RestartPointMatchGroup = group;
-    ProfileSettings.RestartPointPrimaryFile = primary;
-    ProfileSettings.RestartPointSecondaryFile = secondary;
-  }
-};
-
-TEST_F(ContinuedScanTest, UsesTheCatalogueAsItStands) {
-  twoEqualFiles();
-  buildCatalogue({{"gone.txt", "C:\\Old", 5, 3}});
-  basStartScan();
-  EXPECT_THAT(fileNames(), ElementsAre("gone.txt"));
-  EXPECT_THAT(statusWindow.statusTexts, Not(Contains(building)));
-  EXPECT_EQ(statusWindow.refreshes, 0);
-}
-
-TEST_F(ContinuedScanTest, CountsOnFromTheRestartRecord) {
-  ProfileSettings.MatchNum = 7;
-  ProfileSettings.RestartPointNumDuplicates = 4;
-  ProfileSettings.MatchingCriteria = "S";
-  buildCatalogue({{"a", "C:\\Data", 5}, {"b", "C:\\Data", 5}});
-  restartAt(1, 1, 2);
-  basStartScan();
-  EXPECT_THAT(matchNumbers(), ElementsAre(8, 8));
-  EXPECT_EQ(saved().NumDuplicates, 5);
-}
-
-TEST_F(ContinuedScanTest, ForgetsTheLocalCopies) {
-  buildCatalogue({{"a", "C:\\Data", 5, 1}});
-  FileTable.FileLocalName.set(1, "C:\\Quernstoke\\Temp\\TMP1");
-  basStartScan();
-  EXPECT_EQ(FileTable.FileLocalName[1], "");
-}
-
-TEST_F(ContinuedScanTest, SetsItsStartBackByTheTimeAlreadySpent) {
-  clock.time = dateTime({2004, 11, 2, 12, 0, 0});
-  ProfileSettings.ElapsedTime = 90;
-  basStartScan();
-  EXPECT_EQ(ScanStartTime, dateTime({2004, 11, 2, 11, 58, 30}));
-  EXPECT_EQ(saved().ElapsedTime, 90);
-}
-
-// Not from the start that was set back.
-TEST_F(ContinuedScanTest, IsExpectedToEndFiveMinutesFromNow) {
-  clock.time = dateTime({2004, 11, 2, 12, 0, 0});
-  ProfileSettings.ElapsedTime = 90;
-  EstimatedEndTime = dateTime({2004, 11, 2, 11, 0, 0});
-  basStartScan();
-  EXPECT_EQ(EstimatedEndTime, dateTime({2004, 11, 2, 12, 5, 0}));
-}
-
-TEST_F(ContinuedScanTest, DoesNotCountTheTimeOfThePause) {
-  twoEqualFiles();
-  StartMode = startMode::newScan;
-  at(searching, [&] {
-    clock.time.seconds += 30;
-    RunState = runState::pauseRequested;
-  });
-  basStartScan();
-  clock.time.seconds += 86400;
-  StartMode = startMode::continueScan;
-  at(searching, [&] { clock.time.seconds += 12; });
-  basStartScan();
-  EXPECT_EQ(saved().ElapsedTime, 42);
-}
-
-// The stage that was stopped is saved and never consulted.
-TEST_F(ContinuedScanTest, TakesUpItsFirstPassWhicheverWasStopped) {
-  buildCatalogue({{"a", "C:\\1", 1}, {"a", "C:\\2", 1}, {"b", "C:\\1", 5}, {"b", "C:\\2", 5}});
-  ProfileSettings.MatchingCriteria = "N";
-  ProfileSettings.RestartPoint = 2;
-  restartAt(2, 3, 4);
-  basStartScan();
-  EXPECT_THAT(fileNames(), ElementsAre("b", "b"));
-}
-
-TEST_F(ContinuedScanTest, AppliesTheRestartRecordToItsSecondPassAgain) {
-  buildCatalogue({{"a", "C:\\1", 1}, {"a", "C:\\2", 1}, {"b", "C:\\1", 5}, {"b", "C:\\2", 9}});
-  ProfileSettings.MatchingCriteria = "NS";
-  restartAt(2, 3, 4);
-  basStartScan();
-  // Two files are left for the second pass, and its record still names the third.
-  EXPECT_THAT(
-      dialogBoxes.messages,
-      ElementsAre("Procedure error in 'basCompareFiles'.  Reason: Subscript out of range(9)."));
-  EXPECT_THAT(fileNames(), ElementsAre("b", "b"));
-  EXPECT_EQ(RunState, runState::finished);
-}
-
-// What the main window offers.
-
-class StateOptionsTest : public ScanDriverTest {
- protected:
-  ScriptedFrame frame;
-  ScriptedOption optionNew;
-  ScriptedOption optionContinue;
-
-  void show(int runMode) {
-    frame = {};
-    optionNew = optionContinue = {};
-    ProfileSettings.RunMode = runMode;
-    basUpdateStateOptions(frame, optionNew, optionContinue);
-  }
-};
-
-TEST_F(StateOptionsTest, ScansThatWereLeftUndoneCanBeContinued) {
-  for (const int mode : {1, 2, 3}) {
-    show(mode);
-    EXPECT_TRUE(frame.visible) << mode;
-    EXPECT_TRUE(optionNew.enabled && optionContinue.enabled) << mode;
-    EXPECT_TRUE(optionContinue.selected) << mode;
-    EXPECT_FALSE(optionNew.selected) << mode;
-  }
-}
-
-TEST_F(StateOptionsTest, AllOthersBeginAnew) {
-  for (const int mode : {0, 4, 5, 6, 7}) {
-    frame.visible = true;
-    ProfileSettings.RunMode = mode;
-    optionNew = optionContinue = {};
-    basUpdateStateOptions(frame, optionNew, optionContinue);
-    EXPECT_FALSE(frame.visible) << mode;
-    EXPECT_TRUE(optionNew.selected) << mode;
-    EXPECT_FALSE(optionContinue.selected) << mode;
-  }
-}
-
-TEST_F(StateOptionsTest, AValueThatIsNoOutcomeChangesNothing) {
-  for (const int mode : {-1, 8}) {
-    show(mode);
-    EXPECT_FALSE(frame.visible || optionNew.selected || optionContinue.selected) << mode;
-  }
-}
-
-TEST_F(StateOptionsTest, APausedProfileCanBeContinuedAfterARestart) {
-  twoEqualFiles();
-  at(searching, [] { RunState = runState::pauseRequested; });
-  basStartScan();
-
-  resetToStartUpState();
-  AppPath = "C:\\Quernstoke";
-  ExeName = "quernstoke";
-  start();
-  ProfileName = "Music";
-  ASSERT_TRUE(basLoadProfile("PROFILE"));
-  basUpdateStateOptions(frame, optionNew, optionContinue);
-  EXPECT_TRUE(optionContinue.selected);
 }
 
 }  // namespace
