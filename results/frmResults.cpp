@@ -146,7 +146,9 @@ void frmResults::connectControls() {
     connect(button, &QPushButton::clicked, this, handler);
   };
   onClick(ui_->cmdAutoResize, [this] { quernstoke::cmdAutoResize_Click(*this); });
-  onClick(ui_->cmdFilter, [this] { cmdFilter_Click(*this); });
+  onClick(ui_->cmdFilter, [this] {
+    if (!pageIsKept_) cmdFilter_Click(*this);
+  });
   onClick(ui_->cmdDeleteFile_0, [this] { cmdDeleteFile_Click(deletionMode::selected); });
   onClick(ui_->cmdDeleteFile_1, [this] { cmdDeleteFile_Click(deletionMode::ticked); });
   onClick(ui_->cmdOpenFile, [this] { basOpenFile(*this); });
@@ -198,7 +200,9 @@ void frmResults::makeMenus() {
   addItem(single, "mnuDeleteThisSelectedFile", tr("Delete this files"), deleteSelected);
   addItem(single, "mnuDeleteTickedFiles", tr("Delete all Ticked files"),
           [this] { cmdDeleteFile_Click(deletionMode::ticked); });
-  addItem(single, "mnuFilterDirectory", tr("Filter File"), [this] { basFilterDirectory(*this); });
+  addItem(single, "mnuFilterDirectory", tr("Filter File"), [this] {
+    if (!pageIsKept_) basFilterDirectory(*this);
+  });
   QMenu& several = *makeMenu("mnuRightClickMultpleFile", tr("Right Click Mulple File"));
   addItem(several, "mnuDeleteAllSelectedFiles", tr("Delete all Selected Files"), deleteSelected);
   menus_ = {&single, &several, makeMenu("mnuFilterMain", tr("Filter"))};
@@ -207,13 +211,16 @@ void frmResults::makeMenus() {
 
 void frmResults::makeFilterMenu() {
   QMenu& menu = *menus_[2];
-  filterDirectory_ = std::make_unique<FilterItem>(
-      addItem(menu, "mnuFilter_0", {}, [this] { mnuFilter_Click(*this, 0); }));
+  filterDirectory_ = std::make_unique<FilterItem>(addItem(menu, "mnuFilter_0", {}, [this] {
+    if (!pageIsKept_) mnuFilter_Click(*this, 0);
+  }));
   QMenu& pair = *menu.addMenu(tr("Exclude comparison between two directories"));
   pair.menuAction()->setObjectName("mnuFilter_1");
   pair.setObjectName("mnuFilterTwoDirs");
   const auto addToPair = [&](const char* name, const QString& text, std::int16_t index) {
-    return addItem(pair, name, text, [this, index] { mnuFilterTwoDirs_Click(*this, index); });
+    return addItem(pair, name, text, [this, index] {
+      if (!pageIsKept_) mnuFilterTwoDirs_Click(*this, index);
+    });
   };
   filterTwoDirs_[0] =
       std::make_unique<FilterItem>(addToPair("mnuFilterTwoDirs_0", tr("Set Directory 1"), 0));

@@ -1,5 +1,6 @@
 // What a person does with the files of the results window.
 
+#include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QStyleOptionSlider>
@@ -505,6 +506,7 @@ TEST_F(ResultsDeletionTest, NothingElseIsDoneWhileAMessageIsUp) {
     click("cmdDeleteFile_0");
     click("cmdSHowHideHelp");
     click("cmdClose");
+    form().findChild<QAction*>("mnuFilterDirectory")->trigger();
     EXPECT_EQ(names(), pageBefore);
   };
   click("cmdDeleteFile_0");
