@@ -71,7 +71,7 @@ int PanelStatusBar::widthFor(std::string_view text) const {
 
 // A fraction of a pixel that the width lacks is no reason to shorten a text.
 QString PanelStatusBar::shownText(const StatusPanel& panel, int width) const {
-  const QString text = qtText(panel.text);
+  QString text = qtText(panel.text);
   if (fontMetrics().horizontalAdvance(text) <= width) return text;
   return fontMetrics().elidedText(text, Qt::ElideRight, width);
 }

@@ -66,10 +66,17 @@ void unpackIntoTempDir(const std::string& zipPath, std::string entry, const std:
     ignoringFailure([&] { files().clearAttributes(target); });
 }
 
+// A file that can't have a temp name goes: under its own it would be in the way of each entry of
+// that name to come.
 std::string moveToTempName(const std::string& extracted) {
-  while (isTaken(tempName(TempFileCounter)))
-    ++TempFileCounter;
-  files().rename(extracted, tempName(TempFileCounter));
+  try {
+    while (isTaken(tempName(TempFileCounter)))
+      ++TempFileCounter;
+    files().rename(extracted, tempName(TempFileCounter));
+  } catch (const Failure&) {
+    ignoringFailure([&] { files().remove(extracted); });
+    throw;
+  }
   return tempName(TempFileCounter);
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/modUnzip.h"
 #include "core/log.h"
 #include "core/scanState.h"
 #include "platform/platform.h"
@@ -186,7 +187,9 @@ TEST_F(TempEntryTest, EntryKeepsItsNameIfAskedTo) {
 TEST_F(TempEntryTest, FileOfAPersonIsNeitherOverwrittenNorTakenForTheEntry) {
   for (const char* name : {"a.txt", "A.TXT"}) {
     disk.file(inTempDir(name), "a person's");
+    ZipMessages = "of another extraction";
     EXPECT_EQ(extract(), "") << name;
+    EXPECT_EQ(ZipMessages, "") << name;
     EXPECT_EQ(extract(true), "") << name;
     EXPECT_EQ(disk.content(inTempDir(name)), "a person's") << name;
     EXPECT_THAT(disk.names(temp), ElementsAre(name));
@@ -218,9 +221,10 @@ TEST_F(TempEntryTest, DirectoryOfATempNameIsPassedOver) {
   EXPECT_EQ(extract(), inTempDir("TMP2"));
 }
 
-TEST_F(TempEntryTest, EntryThatCannotBeRenamedIsAProcedureError) {
+TEST_F(TempEntryTest, EntryThatCannotBeRenamedIsAProcedureErrorAndLeavesNoFile) {
   disk.failOn(DiskAction::rename, inTempDir("a.txt"), FailureNumber::permissionDenied);
   EXPECT_EQ(extract(), "");
+  EXPECT_THAT(disk.names(temp), IsEmpty());
   EXPECT_THAT(
       dialogBoxes.messages,
       ElementsAre("Procedure error in 'basExtractZipEntry'.  Reason: Permission denied(70)."));

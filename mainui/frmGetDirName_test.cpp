@@ -524,6 +524,10 @@ TEST_F(DirectoryDialog, FailuresAreReportedByTheNamesOfTheirHandlers) {
   expectReport("cmdBrowse_Click");
   press("cmdEditTypes");
   expectReport("cmdEditTypes_Click");
+  directory(0).setText("C:\\Gone");
+  dialogBoxes.failNext = FailureNumber::subscriptOutOfRange;
+  press("cmdOK");
+  expectReport("cmdOK_Click");
 }
 
 // A record of settings ends at a control character.

@@ -118,7 +118,7 @@ void frmMain::connectControls() {
   for (QLineEdit* field : {ui_->txtNumberOfFileBuffers, ui_->txtFileBufferSize})
     connect(field, &QLineEdit::textChanged, this, &frmMain::basUpdateBufferMemoryLabel);
   connect(ui_->gridList, &FlexGrid::click, this, &frmMain::gridList_Click);
-  connect(ui_->gridList, &FlexGrid::dblClick, this, &frmMain::cmdEditList_Click);
+  connect(ui_->gridList, &FlexGrid::dblClick, this, &frmMain::gridList_DblClick);
   connect(ui_->sbarStatus, &PanelStatusBar::mouseMove, this, &frmMain::sbarStatus_MouseMove);
 }
 

@@ -11,6 +11,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QKeyEvent;
 class QLineEdit;
 class QRadioButton;
 
@@ -61,7 +62,6 @@ class frmMain : public Form {
   bool localCopiesFit();
   void cmdViewPreviousResults_Click();
   void cmdExit_Click();
-  void runCommandLineProfile();
 
   // Settings.
   void chkMatchingOption_Click(int index);
@@ -75,6 +75,8 @@ class frmMain : public Form {
   void saveGlobalControls();
   void addFieldRules();
   FieldRules::Verdict txtTempPath_LostFocus();
+  // Whether the key has no effect.
+  static bool txtContentMatchingPercent_KeyPress(const QKeyEvent& press);
 
   // The directory list.
   void basUpdateDirGrid();
@@ -83,10 +85,12 @@ class frmMain : public Form {
   void restoreSelectedRow(Int32 rowBefore);
   void fitColumns();
   void basAddEditDir(Int16 row);
+  void editCurrentRow();
   void cmdAddList_Click();
   void cmdEditList_Click();
   void cmdDelList_Click();
   void gridList_Click();
+  void gridList_DblClick();
 
   // Help.
   void updateHelp();

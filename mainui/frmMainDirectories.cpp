@@ -135,9 +135,15 @@ void frmMain::cmdAddList_Click() {
 }
 
 void frmMain::cmdEditList_Click() {
-  procedure("cmdEditList_Click", [this] {
-    if (gridList().row() > 0) basAddEditDir(gridList().row());
-  });
+  procedure("cmdEditList_Click", [this] { editCurrentRow(); });
+}
+
+void frmMain::gridList_DblClick() {
+  procedure("gridList_DblClick", [this] { editCurrentRow(); });
+}
+
+void frmMain::editCurrentRow() {
+  if (gridList().row() > 0) basAddEditDir(gridList().row());
 }
 
 void frmMain::cmdDelList_Click() {

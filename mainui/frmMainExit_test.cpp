@@ -115,6 +115,15 @@ TEST_F(MainWindowStart, WithoutAStartModeNothingStarts) {
   EXPECT_THAT(profileFile("Ann"), HasSubstr("Desc\t0\tchanged\tS\r"));
 }
 
+TEST_F(MainWindowStart, AFailedStartIsReportedByTheNameOfItsHandler) {
+  openWithFreeBytes(0);
+  dialogBoxes.failNext = FailureNumber::outOfMemory;
+  click(button("cmdStart"));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("cmdStart_Click", "Out of memory(7)")));
+  EXPECT_THAT(windows, IsEmpty());
+}
+
 TEST_F(MainWindowStart, AListWithoutDirectoriesIsScannedAllTheSame) {
   openAnn();
   click(button("cmdStart"));

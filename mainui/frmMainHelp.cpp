@@ -23,21 +23,6 @@ namespace quernstoke::forms {
 
 namespace {
 
-// Digits alone are taken; the keys that move or leave have no text, or are listed here.
-bool isSwallowed(const QKeyEvent& press) {
-  switch (press.key()) {
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Escape:
-    case Qt::Key_Delete:
-      return false;
-    default:
-      return !press.text().isEmpty() && (press.text()[0] < u'0' || press.text()[0] > u'9');
-  }
-}
-
 constexpr const char* helpContextId = "helpContextId";
 
 // The help of a grid is also that of the inner widget on which its cells are drawn.
@@ -88,8 +73,23 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
     if (over == nullptr || over == ground()) displayHelp(-1);
   }
   if (widget == ui_->txtContentMatchingPercent && event->type() == QEvent::KeyPress)
-    return isSwallowed(*static_cast<QKeyEvent*>(event));
+    return txtContentMatchingPercent_KeyPress(*static_cast<QKeyEvent*>(event));
   return Form::eventFilter(watched, event);
+}
+
+// Digits alone are taken; the keys that move or leave have no text, or are listed here.
+bool frmMain::txtContentMatchingPercent_KeyPress(const QKeyEvent& press) {
+  switch (press.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Escape:
+    case Qt::Key_Delete:
+      return false;
+    default:
+      return !press.text().isEmpty() && (press.text()[0] < u'0' || press.text()[0] > u'9');
+  }
 }
 
 void frmMain::watchPointer() {

@@ -189,7 +189,16 @@ TEST_F(MainWindowProfiles, GivingUpTheNameDeselectsTheFormerOne) {
   click(button("cmdStart"));
   EXPECT_THAT(dialogBoxes.messages, ElementsAre("Must select a profile first"));
   EXPECT_EQ(dialogBoxes.buttons.back(), Buttons::ok);
+  EXPECT_EQ(dialogBoxes.titles.back(), "");
   EXPECT_THAT(windows, IsEmpty());
+}
+
+TEST_F(MainWindowProfiles, AFailedChoiceIsReportedByTheNameOfItsHandler) {
+  open();
+  dialogBoxes.failNext = FailureNumber::outOfMemory;
+  choose("<New Profile>");
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("cboProfile_Click", "Out of memory(7)")));
 }
 
 TEST_F(MainWindowProfiles, CharactersThatAFileNameCannotHoldAreDropped) {
@@ -269,6 +278,7 @@ TEST_F(MainWindowProfiles, DeletingAsksFirst) {
   click(button("cmdDeleteProfile"));
   EXPECT_THAT(dialogBoxes.messages, ElementsAre("Delete profile 'Ann'"));
   EXPECT_EQ(dialogBoxes.buttons.back(), Buttons::okCancel);
+  EXPECT_EQ(dialogBoxes.titles.back(), "");
   EXPECT_EQ(ProfileName, "Ann");
   EXPECT_EQ(disk.allFiles(), before);
 }

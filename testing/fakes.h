@@ -24,11 +24,12 @@ namespace quernstoke {
 class ScriptedDialogs : public Dialogs {
  public:
   std::vector<std::string> messages;
-  std::vector<std::string> titles;  // Of the same boxes.
-  std::vector<Buttons> buttons;     // Of the message boxes alone.
-  std::vector<Icon> icons;          // Likewise.
-  std::vector<Answer> answers;      // Taken from the front.
-  std::vector<std::string> inputs;  // Likewise, for input boxes.
+  std::vector<std::string> titles;        // Of the same boxes.
+  std::vector<Buttons> buttons;           // Of the message boxes alone.
+  std::vector<Icon> icons;                // Likewise.
+  std::vector<Answer> answers;            // Taken from the front.
+  std::vector<std::string> inputs;        // Likewise, for input boxes.
+  std::optional<FailureNumber> failNext;  // The next box fails with this.
   int beeps = 0;
 
   Answer messageBox(std::string_view text, Buttons shown, std::string_view title,
@@ -36,6 +37,9 @@ class ScriptedDialogs : public Dialogs {
   std::string inputBox(std::string_view prompt, std::string_view title,
                        std::string_view preset) override;
   void beep() override { ++beeps; }
+
+ private:
+  void failIfTold();
 };
 
 class ScriptedDesktop : public Desktop {

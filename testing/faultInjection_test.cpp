@@ -1,5 +1,6 @@
 // Runs of the program, from its start to the end of a scan, in which one call to the disk or to the
-// archive library fails, each of those calls in its turn.
+// archive library fails, each of those calls in its turn; of the reads of settings, a byte each,
+// only some, and of a full disk only the calls that take room.
 
 #include <algorithm>
 #include <gmock/gmock.h>

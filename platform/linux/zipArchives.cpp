@@ -262,12 +262,15 @@ class ZipArchives::OpenArchive {
   // catalogue, and could fill the disk.
   std::optional<zip_uint64_t> find(const std::string& name) {
     constexpr zip_uint64_t largest = std::numeric_limits<std::int32_t>::max();
-    if (indexOfName_.empty())
+    if (indexOfName_.empty()) {
+      std::unordered_map<std::string, zip_uint64_t> whole;  // Kept only if memory lasts.
       for (zip_uint64_t index = 0; index < count(); ++index) {
         zip_stat_t facts;
         if (zip_stat_index(archive_.get(), index, 0, &facts) == 0 && facts.size <= largest)
-          indexOfName_.try_emplace(entryName(index), index);
+          whole.try_emplace(entryName(index), index);
       }
+      indexOfName_ = std::move(whole);
+    }
     const auto found = indexOfName_.find(name);
     return found == indexOfName_.end() ? std::nullopt : std::optional(found->second);
   }
