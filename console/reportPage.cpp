@@ -1,10 +1,10 @@
 #include "console/reportPage.h"
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <system_error>
 
 #include "console/exitStatus.h"
@@ -25,10 +25,14 @@ std::string contentOf(const std::filesystem::path& path) {
   if (!std::filesystem::is_regular_file(path, error)) refuse(path, "not a regular file");
   std::ifstream stream(path, std::ios::binary);
   if (!stream) refuse(path, std::strerror(errno));
-  std::ostringstream content;
-  content << stream.rdbuf();
-  if (content.bad()) refuse(path, "can't be read to its end");
-  return content.str();
+  std::string content;
+  std::array<char, std::size_t{64} * 1024> piece;
+  do {
+    stream.read(piece.data(), piece.size());
+    content.append(piece.data(), static_cast<std::size_t>(stream.gcount()));
+  } while (stream);
+  if (stream.bad()) refuse(path, "can't be read to its end");
+  return content;
 }
 
 PageTemplate pageOf(const std::filesystem::path& path) {

@@ -62,6 +62,12 @@ TEST_F(ReportPageTest, OneWithoutTheMarkerIsToldAndNotPassedOver) {
   EXPECT_EQ(refusal(), path + ": has no <File_data_inserted_here>");
 }
 
+// The beginning of the process's own memory is a file that opens, and fails when it is read.
+TEST_F(ReportPageTest, OneThatCannotBeReadToItsEndIsTold) {
+  tree.link("results_template.html", "/proc/self/mem");
+  EXPECT_EQ(refusal(), path + ": can't be read to its end");
+}
+
 TEST_F(ReportPageTest, OneThatIsNoFileIsToldAndNotWaitedFor) {
   tree.fifo("results_template.html");
   EXPECT_EQ(refusal(), path + ": not a regular file");

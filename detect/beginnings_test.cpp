@@ -4,6 +4,7 @@
 #include <numeric>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "catalogue/fileTable.h"
@@ -13,6 +14,7 @@
 #include "detect/modLinkedList.h"
 #include "detect/tempStore.h"
 #include "results/matchGroupIndex.h"
+#include "settings/settings.h"
 #include "testing/engineTest.h"
 
 namespace quernstoke {
@@ -42,11 +44,14 @@ class BeginningsTest : public EngineTest {
       disk.file("C:\\d\\" + name, content);
       rows.push_back({name, "C:\\d", static_cast<int>(content.size())});
     }
+    compareAsOneGroup(rows);
+  }
+  void compareAsOneGroup(const std::vector<CatalogueFile>& rows, const char* mode = "SIZE") {
     buildCatalogue(rows);
     MatchGroupTable.redim(1, false);
     MatchGroupTable[1] = {1, FileCount};
     MatchGroupCount = 1;
-    basCompareFiles("SIZE");
+    basCompareFiles(mode);
   }
 
   std::vector<int> timesOpened() const {
@@ -69,12 +74,20 @@ std::vector<std::string> differentBlocks(int count) {
   return contents;
 }
 
-// The reads of a group of files that all differ in their one block, were each pair read anew:
-// from the pool and from the files.
-std::vector<int> readsPairByPair(int files, int slots) {
+// What a group of files of one block comes to if each pair is read anew. Files with the same number
+// here are equal.
+struct PairByPair {
+  std::vector<int> reads;    // From the pool and from the files.
+  std::vector<int> matches;  // The match number of each file.
+};
+
+PairByPair compareEachPair(const std::vector<int>& contents, int slots) {
+  const int files = static_cast<int>(contents.size());
   int fromPool = 0;
   int fromFiles = 0;
+  int lastMatch = -1;
   std::set<int> pooled;
+  std::vector<int> matches(contents.size(), noMatch);
   const auto read = [&](int file, int left) {
     if (left >= 3 && pooled.contains(file)) {
       ++fromPool;
@@ -83,15 +96,31 @@ std::vector<int> readsPairByPair(int files, int slots) {
     ++fromFiles;
     if (left >= 3 && static_cast<int>(pooled.size()) < slots) pooled.insert(file);
   };
-  for (int primary = 1; primary <= files; ++primary) {
-    const int left = files - primary + 1;
-    for (int secondary = primary + 1; secondary <= files; ++secondary) {
+  for (int primary = 0; primary < files; ++primary) {
+    const int left = files - primary;
+    bool numbered = false;
+    for (int secondary = primary + 1; secondary < files; ++secondary) {
+      if (matches[secondary] != noMatch) continue;
       read(primary, left);
       read(secondary, left);
+      if (contents[primary] != contents[secondary]) continue;
+      if (!std::exchange(numbered, true)) matches[primary] = ++lastMatch;
+      matches[secondary] = matches[primary];
     }
     if (left > 2) pooled.erase(primary);
   }
-  return {fromPool, fromFiles};
+  return {{fromPool, fromFiles}, matches};
+}
+
+// The same, of files that all differ.
+std::vector<int> readsPairByPair(int files, int slots) {
+  std::vector<int> contents(static_cast<std::size_t>(files));
+  std::iota(contents.begin(), contents.end(), 0);
+  return compareEachPair(contents, slots).reads;
+}
+
+std::vector<int> readsMade() {
+  return {BufferReads.raw(), ActualReads.raw()};
 }
 
 class BeginningsReadCountTest : public BeginningsTest,
@@ -103,8 +132,88 @@ TEST_P(BeginningsReadCountTest, CountersAreThoseOfReadingEachPair) {
   allocateBlockPool(blockLength, slots);
   compareGroup(differentBlocks(files));
 
-  EXPECT_THAT((std::vector<int>{BufferReads.raw(), ActualReads.raw()}),
-              testing::ElementsAreArray(readsPairByPair(files, slots)));
+  EXPECT_THAT(readsMade(), testing::ElementsAreArray(readsPairByPair(files, slots)));
+  EXPECT_THAT(matchNumbers(), Each(noMatch));
+}
+
+// How many contents there are among the files, and how many slots.
+class BeginningsMatchTest : public BeginningsTest,
+                            public testing::WithParamInterface<std::tuple<int, int>> {};
+
+// Each file is found that equals another, however far it lies behind it, and those found no longer
+// count.
+TEST_P(BeginningsMatchTest, MatchesAndCountersAreThoseOfComparingEachPair) {
+  constexpr int files = 300;
+  const auto [kinds, slots] = GetParam();
+  allocateBlockPool(blockLength, slots);
+  std::vector<int> numbers;
+  std::vector<std::string> contents;
+  for (int i = 0; i < files; ++i) {
+    numbers.push_back(i * i % kinds);
+    contents.push_back(block(numbers.back()));
+  }
+  compareGroup(contents);
+
+  const PairByPair expected = compareEachPair(numbers, slots);
+  EXPECT_EQ(matchNumbers(), expected.matches);
+  EXPECT_EQ(readsMade(), expected.reads);
+}
+
+INSTANTIATE_TEST_SUITE_P(AnyPool, BeginningsMatchTest,
+                         testing::Combine(testing::Values(5, 127, 128, 129, 293),
+                                          testing::Values(1, 3, 64, 500)));
+
+// Those that an exclusion keeps apart are not read.
+TEST_F(BeginningsTest, PairsKeptApartDoNotCount) {
+  allocateBlockPool(blockLength, 10);
+  setDirectory(1, "C:\\d", "1");
+  setDirectory(2, "C:\\e", "2");
+  std::vector<CatalogueFile> rows;
+  for (const char* name : {"1", "2", "3", "4", "5", "6"}) {
+    const std::string directory = rows.size() % 2 == 0 ? "C:\\d" : "C:\\e";
+    disk.file(directory + "\\" + name, block(static_cast<int>(rows.size())));
+    rows.push_back({name, directory, blockLength});
+  }
+  compareAsOneGroup(rows);
+
+  EXPECT_THAT(readsMade(), ElementsAre(6, 6));
+}
+
+// Without a free slot asking fails for each pair, and each pair is asked for.
+TEST_F(BeginningsTest, FullListOfDirectoriesFailsForEachPair) {
+  for (int slot = 1; slot <= lastDirSlot; ++slot)
+    setDirectory(slot, "C:\\d", "I");
+  compareGroup(differentBlocks(4));
+
+  EXPECT_EQ(dialogBoxes.messages,
+            std::vector<std::string>(6,
+                                     "Procedure error in 'basCompareFilesCheckExclusion'.  "
+                                     "Reason: Subscript out of range(9)."));
+}
+
+// As one of the files it has all its group for its equals; as a length of nothing it reads none.
+TEST_F(BeginningsTest, EmptyPrimaryMatchesAllThoughItsBeginningIsKnown) {
+  std::vector<CatalogueFile> rows;
+  for (const char* directory : {"C:\\a", "C:\\b", "C:\\c", "C:\\d"}) {
+    const bool isEmpty = rows.size() == 1;
+    disk.file(std::string(directory) + "\\f", isEmpty ? "" : block(static_cast<int>(rows.size())));
+    rows.push_back({"f", directory, isEmpty ? 0 : blockLength});
+  }
+  compareAsOneGroup(rows, "NAME");
+
+  EXPECT_THAT(matchNumbers(), ElementsAre(noMatch, 0, 0, 0));
+}
+
+// A file that fails once has a row of one pair, though more of its pairs are known to differ.
+TEST_F(BeginningsTest, PrimaryThatFailedBeforePassesOverNothing) {
+  disk.before = [failed = false](const DiskCall& call) mutable {
+    const bool isSecondBlock =
+        call.action == DiskAction::read && call.path == "C:\\d\\f2" && call.position == blockLength;
+    if (isSecondBlock && !std::exchange(failed, true)) fail(FailureNumber::deviceError);
+  };
+  compareGroup({block(1) + block(2), block(1) + block(3), block(4) + block(4), block(1) + block(3),
+                block(5) + block(5)});
+
   EXPECT_THAT(matchNumbers(), Each(noMatch));
 }
 
@@ -159,8 +268,7 @@ TEST_P(HiddenDifferenceTest, MatchesAreThoseOfTheWholeBlocks) {
 TEST_P(HiddenDifferenceTest, CountersAreThoseOfReadingEachPair) {
   compareGroup(blocksThatDifferAt(GetParam(), {1, 2, 3, 4, 5, 6, 7}));
 
-  EXPECT_THAT((std::vector<int>{BufferReads.raw(), ActualReads.raw()}),
-              testing::ElementsAreArray(readsPairByPair(7, 3)));
+  EXPECT_THAT(readsMade(), testing::ElementsAreArray(readsPairByPair(7, 3)));
 }
 
 TEST_P(HiddenDifferenceTest, FilesAreNotOpenedForEachPair) {
@@ -178,8 +286,7 @@ TEST_F(LongBlockTest, DifferencesInTheSamplesAreFoundWithOneOpeningEach) {
   compareGroup(blocksThatDifferAt(0, {1, 2, 3, 4, 5, 6, 7}));
 
   EXPECT_THAT(timesOpened(), Each(1));
-  EXPECT_THAT((std::vector<int>{BufferReads.raw(), ActualReads.raw()}),
-              testing::ElementsAreArray(readsPairByPair(7, 3)));
+  EXPECT_THAT(readsMade(), testing::ElementsAreArray(readsPairByPair(7, 3)));
 }
 
 // A pair that is told apart by memory leaves its block in the pool as one still to be read.

@@ -90,7 +90,8 @@ void readLocalCopy(ComparedFile& side, Int32 block, bool& readFailed) {
   // A copy that does not begin with the file's first block ends too early when it is read by block
   // number. What it lacks equals nothing, or two such copies would make a match of two files that
   // differ.
-  side.hasBlock = !side.data.empty();
+  if (side.data.empty()) side.data = missingBlock;
+  side.hasBlock = !isMissing(side.data);
   ++LocalReads;
 }
 
@@ -100,13 +101,19 @@ void seekTail(FileNumber handle) {
   files().seek(handle, files().openLength(handle) - BlockSize.raw() - 1);
 }
 
-// A zip entry has no path on disk. What its folder and name make up might still be the path of
-// another file, from the root or the current directory, so it is not even tried.
+// A zip entry has no path on disk, nor has a file whose directory a damaged list has lost. What
+// there is of one might still be the path of another file, from the root or the current directory,
+// so it is not even tried.
+bool hasPathOnDisk(Int32 file) {
+  const DirRow& directory = DirTable[FileTable.FileDirNum[file]];
+  return directory.kind != dirKind::zipFolder && !directory.name.empty();
+}
+
 void openActualFile(ComparedFile& side, Int32 block, bool& readFailed) {
-  if (DirTable[FileTable.FileDirNum[side.file]].kind == dirKind::zipFolder)
-    readFailed = true;
-  else
+  if (hasPathOnDisk(side.file))
     openAt(side.actualHandle, actualPath(side.file), OpenMode::sharedBinary, block, readFailed);
+  else
+    readFailed = true;
 }
 
 // Whether the first block of a file is remembered for the other pairs of the group. A file with a
@@ -158,7 +165,7 @@ bool readFromPool(ComparedFile& side, Int32 positionInGroup, Int32 block) {
   if (basLLReadData(side.file, positionInGroup, block, side.data) == -1) return false;
   ++BufferReads;
   side.isPutOff = isUnread(side.data);
-  side.hasBlock = !side.isPutOff;
+  side.hasBlock = !side.isPutOff && !isMissing(side.data);
   return true;
 }
 

@@ -1,5 +1,7 @@
 #include "catalogue/dirTable.h"
 #include "detect/contentCompareTest.h"
+#include "detect/matchLoop.h"
+#include "results/matchGroupIndex.h"
 
 namespace quernstoke {
 namespace {
@@ -109,6 +111,39 @@ TEST_F(ContentFromCopyTest, TwoCopiesThatEndTooEarlyMakeNoMatch) {
 
   EXPECT_EQ(compare(), 0);
   EXPECT_THAT(readCounters(), ElementsAre(0, 2, 2));
+  // Neither when the pool has taken what was read.
+  EXPECT_EQ(compare(), 0);
+  EXPECT_THAT(readCounters(), ElementsAre(0, 2, 6));
+}
+
+// The pool is too small for the second blocks of the files that begin alike. Those of f3 to f7 go
+// to copies, from which they are later read at a place that they don't have.
+TEST_F(ContentFromCopyTest, FilesThatDifferAreNoMatchHoweverTheirCopiesAreRead) {
+  allocateBlockPool(4, 7);
+  ContentPercentLimit = 100;
+  MatchByContent = true;
+  CurrentMatchNum = -1;
+  TempFileCounter = 1;
+  LocalCopyActive = true;
+  TempSpaceBudgetKB = 100;
+  makeGroup({blocks("xa"), blocks("yb"), blocks("yc"), blocks("yd"), blocks("ye"), blocks("yf"),
+             blocks("yg")});
+  MatchGroupTable.redim(1, false);
+  MatchGroupTable[1] = {1, FileCount};
+  MatchGroupCount = 1;
+  basCompareFiles("SIZE");
+
+  EXPECT_THAT(matchNumbers(), testing::Each(noMatch));
+  EXPECT_GT(LocalReads, 0);
+}
+
+// A file that became shorter is as long as it is.
+TEST_F(ContentFromCopyTest, FilesThatEndEarlyAreEqualFromThePoolToo) {
+  makeGroup({blocks("ab"), blocks("ab"), blocks("ab")});
+  for (const Int32 file : {primary, secondary})
+    disk.file(pathOf(file), blocks("a"));
+  EXPECT_EQ(compare(), 100);
+  EXPECT_EQ(compare(), 100);
 }
 
 TEST_F(ContentFromCopyTest, HighestBlockRisesAndTheLowestStays) {

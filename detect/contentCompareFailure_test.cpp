@@ -1,5 +1,6 @@
 #include <tuple>
 
+#include "catalogue/dirTable.h"
 #include "detect/contentCompareTest.h"
 
 namespace quernstoke {
@@ -82,6 +83,16 @@ TEST_F(ContentFailureTest, FileThatMayNotBeOpenedIsMarkedSilently) {
   EXPECT_EQ(compare(), 0);
   EXPECT_EQ(stateOf(secondary), unreadable);
   EXPECT_THAT(logLines(), IsEmpty());
+}
+
+// A list of directories that was cut off leaves rows without a name.
+TEST_F(ContentFailureTest, FileOfANamelessDirectoryIsNotLookedForInTheRoot) {
+  makeGroup({blocks("ab"), blocks("ab")});
+  DirTable.set(FileTable.FileDirNum[primary], {});
+  disk.calls.clear();
+  EXPECT_EQ(compare(), 0);
+  EXPECT_EQ(stateOf(primary), unreadable);
+  EXPECT_THAT(disk.calls, IsEmpty());
 }
 
 TEST_F(ContentFailureTest, FileThatVanishesBetweenPairsIsMissedOnlyBeyondThePool) {

@@ -32,7 +32,7 @@ bool isOfPair(const DirSpec& spec) {
   return spec.IncludeExclude == "1" || spec.IncludeExclude == "2";
 }
 
-// Whether any pair has to be asked for. A list without a free slot is one that asking fails for.
+// Whether any pair has to be asked for. In a list without a free slot asking itself may fail.
 bool profileExcludesPairs() {
   for (Int16 slot = 1; slot <= lastDirSlot && !ProfileDirList[slot].Dir.empty(); ++slot)
     if (isOfPair(ProfileDirList[slot]) || slot == lastDirSlot) return true;
@@ -164,8 +164,8 @@ void MatchPass::compareWithSecondaries() {
 bool MatchPass::canPassOver() const {
   // The runs of a continued list may hold different keys, whose files are not read at all.
   return StartMode != startMode::continueScan && MatchByContent && !excludesPairs_ &&
-         groupCount_ > 2 && ContentPercentLimit > 0 && secondary_ >= groupFirst_ &&
-         Beginnings.knows(primary_) && FileTable.FileSize[primary_] > 0 &&
+         groupCount_ > 2 && ContentPercentLimit > 0 && Beginnings.knows(primary_) &&
+         FileTable.FileSize[primary_] > 0 &&
          FileTable.FileStatus[statusState][primary_] != fileState::unreadable;
 }
 

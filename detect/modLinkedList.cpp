@@ -19,9 +19,16 @@ namespace {
 
 constexpr int endOfChain = -1;
 constexpr int unreadLength = -1;
+constexpr int missingLength = -2;
 
 Int32& freeHead() {
   return BlockPoolNext[BlockPoolCount + 1];
+}
+
+Int32 lengthToStore(std::string_view block) {
+  if (isUnread(block)) return unreadLength;
+  if (isMissing(block)) return missingLength;
+  return Int32(block.size());
 }
 
 // The first slot of a file's chain. Rows that were reloaded have 0 there, which names no slot.
@@ -46,13 +53,14 @@ void BlockStore::redim(Int32 slots, Int32 blockSize) {
 
 std::string_view BlockStore::operator[](Int32 slot) const {
   if (lengths_[slot] == unreadLength) return unreadBlock;
+  if (lengths_[slot] == missingLength) return missingBlock;
   const auto length = static_cast<std::size_t>(lengths_[slot].raw());
   return {bytes_.get() + static_cast<std::size_t>(slot.raw()) * blockSize_, length};
 }
 
 void BlockStore::store(Int32 slot, std::string_view block) {
   if (block.size() > blockSize_) fail(FailureNumber::subscriptOutOfRange);
-  lengths_[slot] = isUnread(block) ? unreadLength : Int32(block.size());
+  lengths_[slot] = lengthToStore(block);
   if (block.empty()) return;
   std::memcpy(bytes_.get() + static_cast<std::size_t>(slot.raw()) * blockSize_, block.data(),
               block.size());

@@ -20,6 +20,15 @@ inline bool isUnread(std::string_view block) {
   return block.data() == nullptr;
 }
 
+// Stands for a block that lies behind the end of a local copy. It equals nothing, however often it
+// is asked for, while an empty block of a file that has become shorter equals another.
+inline constexpr char behindTheEnd = 0;
+constexpr std::string_view missingBlock{&behindTheEnd, 0};
+
+inline bool isMissing(std::string_view block) {
+  return block.data() == missingBlock.data();
+}
+
 // What the slots hold: blocks of at most BlockSize bytes, in one piece of memory.
 class BlockStore {
  public:

@@ -83,6 +83,11 @@ std::string templatePath() {
   return AppPath + "\\" + std::string(pageTemplateName);
 }
 
+// The template may be named in other letters, in another spelling of its directory or by a link.
+bool isTemplate(const std::string& path) {
+  return equalIgnoringCase(path, templatePath()) || files().isSameFile(path, templatePath());
+}
+
 bool openTemplate(TextFile& file) {
   const std::string path = templatePath();
   if (ignoringFailure([&] { file.open(path, OpenMode::input); }) == 0) return true;
@@ -125,7 +130,7 @@ bool basWriteResultsFile(std::string_view directory, std::string_view fileName,
   const auto open = [&] {
     const std::string path = std::string(directory).append("\\").append(fileName);
     // Opened for writing it would be empty before it is read.
-    if (equalIgnoringCase(path, templatePath())) fail(FailureNumber::pathFileAccess);
+    if (isTemplate(path)) fail(FailureNumber::pathFileAccess);
     output.open(path, OpenMode::output);
     return true;
   };

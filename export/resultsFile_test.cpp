@@ -160,6 +160,14 @@ TEST_F(ResultsFileTest, ThePageDoesNotReplaceItsTemplate) {
   EXPECT_EQ(disk.content(templatePath), before);
 }
 
+// The same directory has many spellings.
+TEST_F(ResultsFileTest, NeitherDoesATableUnderAnotherSpelling) {
+  const std::string before = disk.content(templatePath);
+  layout.format = ResultsFormat::csv;
+  EXPECT_FALSE(basWriteResultsFile("C:/Quernstoke\\", "results_template.html", layout));
+  EXPECT_EQ(disk.content(templatePath), before);
+}
+
 TEST_F(ResultsFileTest, ALongListIsWrittenInPieces) {
   std::vector<CatalogueFile> files;
   for (int i = 0; i < 20'000; ++i)

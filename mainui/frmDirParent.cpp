@@ -113,6 +113,8 @@ void frmDirParent::basProcessDir() {
   procedure("basProcessDir", [this] {
     components_ = basLoadDirIntoArray(selectedDir_);
     captions_ = labelCaptions(components_);
+    if (captions_.empty()) return;  // The path has more parts than can be counted.
+    const Int16 lastLabel = Int32(captions_.size()) - 1;
     for (std::size_t i = 0; i < captions_.size(); ++i) {
       if (i >= labDirComponent_.size()) addLabel();
       const bool isComponent = i % 2 == 0;
@@ -122,8 +124,8 @@ void frmDirParent::basProcessDir() {
       added.setFocusPolicy(isComponent ? Qt::StrongFocus : Qt::NoFocus);
     }
     orderTabs();
-    basHighlightDirName(static_cast<std::int16_t>(captions_.size() - 1));
-    label(static_cast<std::int16_t>(captions_.size() - 1)).setFocus();
+    basHighlightDirName(lastLabel);
+    label(lastLabel).setFocus();
   });
 }
 
@@ -198,7 +200,7 @@ void frmDirParent::fitWindow() {
   fitted.moveLeft(std::clamp(fitted.left(), available.left(),
                              std::max(available.left(), available.right() - fitted.width())));
   setGeometry(fitted);
-  ui_->areaPath->ensureWidgetVisible(labDirComponent_.back());
+  if (!labDirComponent_.empty()) ui_->areaPath->ensureWidgetVisible(labDirComponent_.back());
 }
 
 void frmDirParent::cmdOK_Click() {

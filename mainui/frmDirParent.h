@@ -8,8 +8,6 @@
 #include "core/integers.h"
 #include "mainui/dirComponents.h"
 
-class QCheckBox;
-
 namespace Ui {
 class frmDirParent;
 }
@@ -43,7 +41,6 @@ class frmDirParent : public Form {
   void cmdOK_Click();
   void cmdCancel_Click();
 
-  void showBoxes();
   LabelButton& label(Int16 index);
   void addLabel();
   void orderTabs();

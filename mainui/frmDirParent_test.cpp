@@ -238,6 +238,21 @@ TEST_F(ComponentDialog, ValueThatNoBoxHasIsReported) {
                                                                     "'Form_Load'.")));
 }
 
+TEST_F(ComponentDialog, PathOfMorePartsThanCanBeCountedIsReportedAndShowsNone) {
+  open(std::string(32768, '\\'), 0, 0);
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basLoadDirIntoArray'.  "
+                                                "Reason: Overflow(6)."));
+  dialogBoxes.messages.clear();
+  press("cmdCancel");
+  settle();
+  std::string path = "C:";
+  for (int part = 0; part < 20'000; ++part)
+    path += "\\p";
+  open(path, 0, 0);
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre("Procedure error in 'basProcessDir'.  Reason: Overflow(6)."));
+}
+
 // Leaving.
 
 TEST_F(ComponentDialog, CancelEscapeAndTheCloseBoxChooseNothing) {
