@@ -3,14 +3,19 @@
 #include <benchmark/benchmark.h>
 #include <random>
 #include <string>
+#include <string_view>
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
+#include "core/modMain.h"
 #include "core/scanDriver.h"
 #include "core/scanState.h"
 #include "core/startUpState.h"
 #include "detect/modLinkedList.h"
 #include "results/matchGroupIndex.h"
+#include "results/resultsGrid.h"
+#include "testing/resultsControls.h"
+#include "testing/standIns.h"
 
 namespace quernstoke {
 namespace {
@@ -84,6 +89,40 @@ void BM_PoolWriteAndRead(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * 100);
 }
 BENCHMARK(BM_PoolWriteAndRead);
+
+// The results of a scan in which all files have matches, in a window of 50 rows.
+struct ResultsOfAMillion {
+  ResultsOfAMillion() {
+    fillCatalogue();
+    constexpr int filesOfAMatch = 31;
+    for (int file = 1; file <= files; ++file)
+      FileTable.FileStatus[statusMatch][file] = file / filesOfAMatch;
+    ProfileName = "Bench";
+    form.screen.rowsThatFit = 50;
+    basBuildWholeGrid(form, 0, 0);
+  }
+
+  StandIns aroundIt;
+  ScriptedResultsControls form;
+};
+
+void BM_FillGrid(benchmark::State& state, std::string_view mode, int position) {
+  ResultsOfAMillion results;
+  basFillGrid(results.form, "POS", files / 2);
+  for (auto _ : state)
+    basFillGrid(results.form, mode, position);
+}
+BENCHMARK_CAPTURE(BM_FillGrid, pageDown, "PGDN", -1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_FillGrid, middle, "POS", files / 2)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_FillGrid, end, "POS", files)->Unit(benchmark::kMillisecond);
+
+// As for each step of a resize, which keeps the order.
+void BM_BuildWholeGrid(benchmark::State& state) {
+  ResultsOfAMillion results;
+  for (auto _ : state)
+    basBuildWholeGrid(results.form, 0, 1);
+}
+BENCHMARK(BM_BuildWholeGrid)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace quernstoke
