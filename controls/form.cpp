@@ -56,14 +56,6 @@ class OneLine : public QValidator {
   }
 };
 
-// What the screen has for a window inside the frame that the desktop puts round it.
-QSize roomOnScreen(const QWidget& window) {
-  const QStyle& style = *window.style();
-  const int frame = style.pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, &window);
-  const int title = style.pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
-  return window.screen()->availableGeometry().size() - QSize(2 * frame, title + frame);
-}
-
 bool fitsInto(QSize size, QSize room) {
   return size.boundedTo(room) == size;
 }
@@ -125,9 +117,15 @@ void Form::prepareShow() {
   owe(activated);
 }
 
+QSize Form::roomOnScreen() const {
+  const int frame = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, this);
+  const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+  return screen()->availableGeometry().size() - QSize(2 * frame, title + frame);
+}
+
 void Form::fitToScreen() {
   ensurePolished();
-  const QSize room = roomOnScreen(*this);
+  const QSize room = roomOnScreen();
   if (layout() != nullptr && !fitsInto(layout()->totalMinimumSize(), room)) letControlsScroll();
   if (testAttribute(Qt::WA_Resized) && !fitsInto(size(), room)) resize(size().boundedTo(room));
 }

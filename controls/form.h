@@ -66,6 +66,9 @@ class Form : public QDialog {
   virtual bool Form_QueryUnload(UnloadCause /*cause*/) { return true; }
   virtual void Form_Unload() {}
 
+  // What the screen has for a window inside the frame that the desktop puts round it.
+  QSize roomOnScreen() const;
+
   bool event(QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;

@@ -254,7 +254,6 @@ void frmResults::Form_Load() {
     cmdAutoResize().setPicture("On");
     cmdAutoResize().setTag("1");
     firstActivation_ = true;
-    limitSize();
   });
 }
 
@@ -270,6 +269,7 @@ void frmResults::Form_Resize() {
     resizeOwed_ = pageIsKept_;
     if (pageIsKept_ || takeIgnoreTag(*this)) return;
     if (shownState() == ShownState::minimised) return;
+    limitSize();
     basPositionFormObjects(static_cast<std::int16_t>(shownState()));
     ui_->picResultButtons->update();
   });

@@ -95,6 +95,8 @@ class frmResults : public Form, private ResultsControls {
   void limitSize();
   int margin() const;
   int columnHeight() const;
+  int leastHeight() const;
+  bool actionsScroll() const;
   int columnWidth() const;
   int gridLeft() const;
   bool helpIsShown() const;

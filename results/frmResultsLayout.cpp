@@ -1,6 +1,7 @@
 // Where the controls of the results window lie.
 
-#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <algorithm>
 
 #include "controls/flexGrid.h"
@@ -57,8 +58,20 @@ int frmResults::columnHeight() const {
   return ui_->sbarStatus->y() - 2 * margin();
 }
 
+// Of a window in which all buttons are seen.
+int frmResults::leastHeight() const {
+  return ui_->picActions->sizeHint().height() + ui_->cmdClose->sizeHint().height() + 5 * margin() +
+         ui_->sbarStatus->minimumSizeHint().height();
+}
+
+// On a screen that is too small the buttons above cmdClose scroll.
+bool frmResults::actionsScroll() const {
+  return leastHeight() > roomOnScreen().height();
+}
+
 int frmResults::columnWidth() const {
-  return std::max(ui_->picActions->sizeHint().width(), ui_->cmdClose->sizeHint().width());
+  const int bar = actionsScroll() ? ui_->areaActions->verticalScrollBar()->sizeHint().width() : 0;
+  return std::max(ui_->picActions->sizeHint().width() + bar, ui_->cmdClose->sizeHint().width());
 }
 
 int frmResults::gridLeft() const {
@@ -92,22 +105,19 @@ void frmResults::placeGrid() {
 
 void frmResults::placeButtons() {
   ui_->picResultButtons->setGeometry(margin(), margin(), columnWidth(), columnHeight());
-  ui_->picActions->setGeometry(0, 0, columnWidth(), ui_->picActions->sizeHint().height());
   const int closeHeight = ui_->cmdClose->sizeHint().height();
-  ui_->cmdClose->setGeometry(0, columnHeight() - closeHeight - 2 * margin(), columnWidth(),
-                             closeHeight);
+  const int closeTop = columnHeight() - closeHeight - 2 * margin();
+  ui_->areaActions->setGeometry(0, 0, columnWidth(), closeTop - margin());
+  ui_->cmdClose->setGeometry(0, closeTop, columnWidth(), closeHeight);
 }
 
 // So that no button hides another and a page has room, as far as the screen has.
 void frmResults::limitSize() {
-  ensurePolished();
   constexpr int narrowestGrid = 440;
-  const int buttons =
-      ui_->picActions->sizeHint().height() + ui_->cmdClose->sizeHint().height() + 5 * margin();
   const QSize least(
       gridLeft() + narrowestGrid + ui_->vscrGridMatches->sizeHint().width() + helpButton.width(),
-      buttons + ui_->sbarStatus->minimumSizeHint().height());
-  setMinimumSize(least.boundedTo(screen()->availableSize()));
+      leastHeight());
+  setMinimumSize(least.boundedTo(roomOnScreen()));
 }
 
 // From right to left, as each lies beside the one before.

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QScreen>
 
 #include "catalogue/dirTable.h"
 #include "catalogue/snapshots.h"
@@ -311,12 +312,33 @@ TEST_F(ResultsLayoutTest, HelpTakesItsRoomFromTheGrid) {
   EXPECT_EQ(view().width(), width);
 }
 
+TEST_F(ResultsLayoutTest, WhereTheScreenIsTooSmallForTheFontEachButtonCanStillBeReached) {
+  const QFont font = QApplication::font();
+  QFont large = font;
+  large.setPointSize(6 * font.pointSize());
+  QApplication::setFont(large);
+  showFiles(60);
+  EXPECT_LT(form().height(), form().screen()->size().height());
+  EXPECT_LT(place("areaActions").height(), place("picActions").height());
+  EXPECT_TRUE(place("areaActions").bottom() < place("cmdClose").top());
+  control<QComboBox>("cboView").setFocus();
+  for (const char* name : {"cboView", "cmdDeleteFile_0", "cmdExport", "cmdClose"}) {
+    for (int press = 0; press < 30 && form().focusWidget()->objectName() != name; ++press)
+      pressKey(form(), Qt::Key_Tab);
+    settle();
+    const QWidget& reached = control<QWidget>(name);
+    EXPECT_EQ(reached.visibleRegion().boundingRect(), reached.rect()) << name;
+  }
+  QApplication::setFont(font);
+}
+
 TEST_F(ResultsLayoutTest, SmallestWindowKeepsButtonsApartAndHasAPage) {
   showFiles(60);
   resizeTo(10, 10);
   EXPECT_EQ(form().size(), form().minimumSize());
   expectColumnsJoin();
-  EXPECT_GE(place("cmdClose").top(), place("picActions").bottom());
+  EXPECT_GE(place("areaActions").height(), place("picActions").height());
+  EXPECT_GT(place("cmdClose").top(), place("areaActions").bottom());
   EXPECT_GE(GridPageRows, 5);
   click("cmdSHowHideHelp");
   EXPECT_GE(view().width(), 200);
