@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -77,6 +78,23 @@ class QtList : public ListControl {
 
  private:
   QComboBox* list_;
+};
+
+class QtListBox : public ListControl {
+ public:
+  explicit QtListBox(QListWidget* list) : list_(list) {}
+  void clear() override { list_->clear(); }
+  void add(std::string_view text, std::int16_t data) override {
+    list_->addItem(qtText(text));
+    list_->item(list_->count() - 1)->setData(Qt::UserRole, int{data});
+  }
+  std::int16_t count() const override { return static_cast<std::int16_t>(list_->count()); }
+  std::int16_t data(std::int16_t position) const override {
+    return static_cast<std::int16_t>(list_->item(position)->data(Qt::UserRole).toInt());
+  }
+
+ private:
+  QListWidget* list_;
 };
 
 }  // namespace quernstoke

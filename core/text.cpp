@@ -48,6 +48,17 @@ std::int64_t magnitude(std::string_view number) {
   return exponent + behindFirst;
 }
 
+// Infinite for a number that is too large; 0 for one that is too near to it.
+double toDouble(std::string_view text) {
+  if (!isNumeric(text)) fail(FailureNumber::typeMismatch);
+  text = withoutBlanks(text);
+  if (text.starts_with('+')) text.remove_prefix(1);
+  double number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() && magnitude(text) > 0) return std::numeric_limits<double>::infinity();
+  return number;
+}
+
 bool isAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
 }
@@ -76,18 +87,15 @@ bool isNumeric(std::string_view text) {
 }
 
 Int32 toNumber(std::string_view text) {
-  if (!isNumeric(text)) fail(FailureNumber::typeMismatch);
-  text = withoutBlanks(text);
-  if (text.starts_with('+')) text.remove_prefix(1);
-  double number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  // A number too near to 0 for a double is 0 for our purposes; the other error is one too large.
-  if (error != std::errc() && magnitude(text) > 0) fail(FailureNumber::overflow);
-  const double whole = std::nearbyint(number);  // To nearest, ties to even.
+  const double whole = std::nearbyint(toDouble(text));  // To nearest, ties to even.
   if (whole < std::numeric_limits<std::int32_t>::min() ||
       whole > std::numeric_limits<std::int32_t>::max())
     fail(FailureNumber::overflow);
   return static_cast<std::int32_t>(whole);
+}
+
+double wholePart(std::string_view text) {
+  return std::trunc(toDouble(text));
 }
 
 bool toBoolean(std::string_view text) {

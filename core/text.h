@@ -14,6 +14,8 @@ bool isNumeric(std::string_view text);
 // The number that a text says, rounded to a whole one, a half to the even neighbour. Fails with a
 // type mismatch for a text that is not numeric, with an overflow for one that does not fit.
 Int32 toNumber(std::string_view text);
+// The number that a text says without its decimals. Fails with a type mismatch likewise.
+double wholePart(std::string_view text);
 // The truth that a text says: "True", "False" in any letter case, or a number. Otherwise fails
 // with a type mismatch.
 bool toBoolean(std::string_view text);

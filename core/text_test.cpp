@@ -1,5 +1,7 @@
 #include "core/text.h"
 
+#include <limits>
+
 #include "testing/engineTest.h"
 
 namespace quernstoke {
@@ -41,6 +43,14 @@ TEST_F(TextTest, ANumberIsRoundedAHalfToTheEvenNeighbour) {
   EXPECT_EQ(toNumber("2.5"), 2);
   EXPECT_EQ(toNumber("-0.5"), 0);
   EXPECT_EQ(toNumber("1e-999"), 0);
+}
+
+TEST_F(TextTest, TheWholePartOfANumberIsCutAndMayBeTooLargeForAnInteger) {
+  EXPECT_EQ(wholePart("1.9"), 1);
+  EXPECT_EQ(wholePart(" -1.9 "), -1);
+  EXPECT_EQ(wholePart("99999999999"), 99999999999);
+  EXPECT_EQ(wholePart("1e999"), std::numeric_limits<double>::infinity());
+  EXPECT_THROW(wholePart("I"), Failure);
 }
 
 TEST_F(TextTest, WhatIsNoNumberOrDoesNotFitFails) {

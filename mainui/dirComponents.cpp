@@ -1,7 +1,6 @@
 #include "mainui/dirComponents.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "core/procedure.h"
 #include "core/text.h"
@@ -28,16 +27,21 @@ const std::string& captionOf(const std::vector<std::string>& captions, Int16 lab
 
 }  // namespace
 
+void eachPathComponent(std::string_view path,
+                       const std::function<void(std::string_view component, bool isLast)>& visit) {
+  for (std::size_t end; (end = path.find(separator)) != std::string_view::npos;) {
+    visit(path.substr(0, end), false);
+    path.remove_prefix(end + separator.size());
+  }
+  visit(firstCharacters(path, longestRest), true);
+}
+
 PathComponents basLoadDirIntoArray(const std::string& path) {
   return procedure("basLoadDirIntoArray", [&] {
     PathComponents components;
     components.text.redim(lastComponent, false);
-    std::string_view rest = path;
-    for (std::size_t end; (end = rest.find(separator)) != std::string_view::npos;) {
-      append(components, rest.substr(0, end));
-      rest.remove_prefix(end + separator.size());
-    }
-    append(components, firstCharacters(rest, longestRest));
+    eachPathComponent(path,
+                      [&](std::string_view component, bool) { append(components, component); });
     return components;
   });
 }

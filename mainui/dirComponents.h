@@ -1,12 +1,18 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/integers.h"
 #include "core/table.h"
 
 namespace quernstoke {
+
+// Tells the components of a path, cut at its backslashes, of which there is at least one.
+void eachPathComponent(std::string_view path,
+                       const std::function<void(std::string_view component, bool isLast)>& visit);
 
 // A path, cut at its backslashes into the components 0 to count - 1.
 struct PathComponents {

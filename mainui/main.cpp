@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QFileDialog>
 #include <cstdlib>
 #include <exception>
 #include <string>
@@ -8,7 +7,9 @@
 #include "core/modMain.h"
 #include "dirmatch/frmDirMatch.h"
 #include "export/frmExportResults.h"
+#include "mainui/frmAddFileType.h"
 #include "mainui/frmDirParent.h"
+#include "mainui/frmDirTree.h"
 #include "mainui/frmGetDirName.h"
 #include "mainui/frmMainWindow.h"
 #include "mainui/frmSplashScreen.h"
@@ -23,7 +24,6 @@
 #include "platform/platform.h"
 #include "platform/qt/qtDialogs.h"
 #include "platform/qt/qtEventLoop.h"
-#include "platform/qt/qtText.h"
 #include "progress/frmScanStatusWindow.h"
 #include "results/frmResultsWindow.h"
 
@@ -54,14 +54,6 @@ struct WindowsPlatform {
   FormsResultsWindow results;
 };
 
-// Lets the person choose a directory, beginning with that of DialogText, which takes the choice.
-void chooseDirectory(const DriveTable& drives) {
-  const std::string chosen = QFileDialog::getExistingDirectory(QApplication::activeWindow(), {},
-                                                               qtText(drives.linuxPath(DialogText)))
-                                 .toStdString();
-  DialogText = chosen.empty() ? std::string() : drives.programPath(chosen);
-}
-
 int run(int argc, char** argv) {
   const DriveTable drives = DriveTable::fromEnvironment();
   const WindowsPlatform platform(drives);
@@ -73,10 +65,8 @@ int run(int argc, char** argv) {
   modalForms.frmExportResults = [] { (new forms::frmExportResults)->showModal(); };
   modalForms.frmDirParent = [] { (new forms::frmDirParent)->showModal(); };
   modalForms.frmDirMatch = [] { (new forms::frmDirMatch)->showModal(); };
-  modalForms.frmDirTree = [&] { chooseDirectory(drives); };
-  modalForms.frmAddFileType = [&] {
-    quernstoke::dialogs().messageBox("File types can't be edited yet");
-  };
+  modalForms.frmDirTree = [] { (new forms::frmDirTree)->showModal(); };
+  modalForms.frmAddFileType = [] { (new forms::frmAddFileType)->showModal(); };
   Main();
   // Without its window there is nothing left that could end the program; it has told why.
   const int status = platform.mainWindow.isLoaded() ? QApplication::exec() : EXIT_FAILURE;

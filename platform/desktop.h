@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quernstoke {
 
@@ -48,6 +49,9 @@ class Desktop {
   virtual std::optional<std::string> specialFolder(std::int32_t id) = 0;
   // Nothing when the drive can't be asked.
   virtual std::optional<DiskSpace> diskSpace(std::string_view rootPath) = 0;
+  // The drives there are, the current one first: letter, colon, and what tells the person which one
+  // it is.
+  virtual std::vector<std::string> drives() = 0;
 };
 
 }  // namespace quernstoke

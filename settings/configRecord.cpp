@@ -13,6 +13,10 @@ namespace {
 constexpr char fieldEnd = '\t';
 constexpr char recordEnd = '\r';
 
+bool isEmpty(const ConfigRecord& record) {
+  return record.key.empty() && record.value.empty() && record.type.empty();
+}
+
 }  // namespace
 
 void basConfigWrite(FileNumber file, const std::string& key, Int16 index, std::string& value,
@@ -52,6 +56,20 @@ bool basConfigRead(FileNumber file, std::string& key, Int16& index, std::string&
     }
     return true;
   });
+}
+
+void readRecords(const std::string& path, const std::function<bool(const ConfigRecord&)>& take) {
+  // A read that failed looks like an empty record; this many in a row are a disk that is lost.
+  constexpr int mostEmptyRecords = 100;
+  const FileNumber file = files().open(path, OpenMode::input);
+  ConfigRecord record;
+  int emptyRecords = 0;
+  while (!basConfigRead(file, record.key, record.index, record.value, record.type)) {
+    emptyRecords = isEmpty(record) ? emptyRecords + 1 : 0;
+    if (emptyRecords > mostEmptyRecords) fail(FailureNumber::deviceError);
+    if (!take(record)) break;
+  }
+  files().close(file);
 }
 
 }  // namespace quernstoke

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "core/integers.h"
@@ -17,5 +18,18 @@ void basConfigWrite(FileNumber file, const std::string& key, Int16 index, std::s
 // complete: then nothing was read, and what stood there is lost.
 bool basConfigRead(FileNumber file, std::string& key, Int16& index, std::string& value,
                    std::string& type);
+
+// One record as read.
+struct ConfigRecord {
+  std::string key;
+  Int16 index;
+  std::string value;
+  std::string type;
+};
+
+// Hands each record of a file to `take` until that returns false. It may fail: the file then stays
+// open. The file is opened for reading alone, so that settings that may not be written can still be
+// used. A file that isn't there fails.
+void readRecords(const std::string& path, const std::function<bool(const ConfigRecord&)>& take);
 
 }  // namespace quernstoke

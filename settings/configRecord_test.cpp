@@ -178,5 +178,22 @@ TEST_F(ConfigRecordTest, FailedWriteIsTold) {
               ElementsAre("Procedure error in 'basConfigWrite'.  Reason: Disk full(61)."));
 }
 
+TEST_F(ConfigRecordTest, RecordsAreHandedOutUntilEnoughAreTaken) {
+  disk.file(path, "a\t0\tx\tS\rb\t0\ty\tS\rc\t0\tz\tS\r");
+  std::vector<std::string> keys;
+  const auto takeUpTo = [&](const std::string& last) {
+    keys.clear();
+    readRecords(path, [&](const ConfigRecord& record) {
+      keys.push_back(record.key);
+      return record.key != last;
+    });
+  };
+  takeUpTo("b");
+  EXPECT_THAT(keys, ElementsAre("a", "b"));
+  takeUpTo("none");
+  EXPECT_THAT(keys, ElementsAre("a", "b", "c"));
+  EXPECT_EQ(disk.openFiles(), 0);
+}
+
 }  // namespace
 }  // namespace quernstoke

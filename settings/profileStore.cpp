@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
 
 #include "catalogue/fileTable.h"
 #include "core/modMain.h"
@@ -30,39 +29,11 @@ std::string globalPath() {
   return ProfilesDir + "\\global.settings";
 }
 
-// One record as read.
-struct ConfigRecord {
-  std::string key;
-  Int16 index;
-  std::string value;
-  std::string type;
-};
-
 // The number that a record of the type "N" says; a value that is none is told and counts as 0.
 Int32 numberOf(const ConfigRecord& record) {
   if (isNumeric(record.value)) return toNumber(record.value);
   dialogs().messageBox("Config setting " + record.key + " is not numeric, zero used");
   return 0;
-}
-
-bool isEmpty(const ConfigRecord& record) {
-  return record.key.empty() && record.value.empty() && record.type.empty();
-}
-
-// Hands each record of a settings file to `take`, which may fail: the file then stays open. It is
-// opened for reading alone, so that settings that may not be written can still be used.
-void readRecords(const std::string& path, const std::function<void(const ConfigRecord&)>& take) {
-  // A read that failed looks like an empty record; this many in a row are a disk that is lost.
-  constexpr int mostEmptyRecords = 100;
-  const FileNumber file = files().open(path, OpenMode::input);
-  ConfigRecord record;
-  int emptyRecords = 0;
-  while (!basConfigRead(file, record.key, record.index, record.value, record.type)) {
-    emptyRecords = isEmpty(record) ? emptyRecords + 1 : 0;
-    if (emptyRecords > mostEmptyRecords) fail(FailureNumber::deviceError);
-    take(record);
-  }
-  files().close(file);
 }
 
 const Setting* findSetting(std::span<const Setting> settings, const ConfigRecord& record) {
@@ -92,11 +63,12 @@ void loadProfileFile() {
   Int32 number;  // A numeric key in a record of another type takes the last number before it.
   readRecords(profilePath(), [&](const ConfigRecord& record) {
     if (record.type == "N") number = numberOf(record);
-    if (record.key.empty()) return;
+    if (record.key.empty()) return true;
     if (const Setting* setting = findSetting(profileSettingKeys(), record))
       assign(setting->field, record.value, number);
     else if (!takeDirSpec(record))
       dialogs().messageBox("Invalid config setting " + record.key + " data ignored");
+    return true;
   });
 }
 
@@ -145,6 +117,7 @@ void loadGlobalFile() {
       *entry = record.value;
     else if (const Setting* setting = findSetting(globalSettingKeys(), record))
       assign(setting->field, record.value, number);
+    return true;
   });
 }
 

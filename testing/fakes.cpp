@@ -75,6 +75,11 @@ std::optional<DiskSpace> ScriptedDesktop::diskSpace(std::string_view rootPath) {
   return space;
 }
 
+std::vector<std::string> ScriptedDesktop::drives() {
+  if (failure) fail(*failure);
+  return driveTexts;
+}
+
 void ScriptedEvents::yield() {
   ++yields;
   if (onYield) onYield();

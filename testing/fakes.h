@@ -47,6 +47,7 @@ class ScriptedDesktop : public Desktop {
   std::int32_t shellAnswer = shellSuccess;
   std::optional<std::string> documents = "C:\\Users\\Ann\\Documents";
   std::optional<DiskSpace> space;
+  std::vector<std::string> driveTexts = {"C: [/]"};
   std::optional<FailureNumber> failure;  // What every call fails with, if set.
   struct Opened {
     std::string operation, file, parameters, directory;
@@ -59,6 +60,7 @@ class ScriptedDesktop : public Desktop {
   std::int32_t shellExecute(const ShellRequest& request) override;
   std::optional<std::string> specialFolder(std::int32_t id) override;
   std::optional<DiskSpace> diskSpace(std::string_view rootPath) override;
+  std::vector<std::string> drives() override;
 };
 
 // Runs `onYield` at each yield, which is where a person's clicks come in.

@@ -176,4 +176,15 @@ std::optional<DiskSpace> LinuxDesktop::diskSpace(std::string_view rootPath) {
   }
 }
 
+std::vector<std::string> LinuxDesktop::drives() {
+  std::vector<std::string> drives;
+  for (const char letter : drives_.letters()) {
+    const std::string drive{letter, ':'};
+    // A path without a drive is one of C.
+    drives.insert(letter == 'C' ? drives.begin() : drives.end(),
+                  drive + " [" + drives_.linuxPath(drive) + "]");
+  }
+  return drives;
+}
+
 }  // namespace quernstoke

@@ -23,6 +23,7 @@ class LinuxDesktop final : public Desktop {
   std::int32_t shellExecute(const ShellRequest& request) override;
   std::optional<std::string> specialFolder(std::int32_t id) override;
   std::optional<DiskSpace> diskSpace(std::string_view rootPath) override;
+  std::vector<std::string> drives() override;  // With their directories: "C: [/]".
 
  private:
   std::int32_t start(const std::string& target, const std::string& directory);

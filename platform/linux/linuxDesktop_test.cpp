@@ -189,6 +189,11 @@ TEST(DiskSpace, IsThatOfTheFileSystem) {
   EXPECT_LE(space->freeClusters, space->totalClusters);
 }
 
+TEST(Drives, AreTheCurrentOneAndThenTheOthersInOrder) {
+  const std::vector<std::string> expected = {"C: [/]", "A: [/mnt/a]", "D: [/mnt/data]"};
+  EXPECT_EQ(expected, LinuxDesktop(DriveTable::parse("D:=/mnt/data/;A:=/mnt/a")).drives());
+}
+
 TEST(DiskSpace, OfAnUnknownDriveIsNothing) {
   LinuxDesktop desktop{DriveTable()};
   EXPECT_EQ(std::nullopt, desktop.diskSpace("Q:\\").has_value() ? std::optional(0) : std::nullopt);

@@ -1,0 +1,56 @@
+#include "controls/treeModel.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quernstoke {
+
+std::string fullPath(const TreeNode& node) {
+  return node.parent == nullptr ? node.text : fullPath(*node.parent) + "\\" + node.text;
+}
+
+TreeNode& TreeModel::addRoot(TreeNode node) {
+  root_ = std::make_unique<TreeNode>(std::move(node));
+  tellScreen();
+  return *root_;
+}
+
+void TreeModel::addChildren(TreeNode& parent, std::vector<TreeNode> children) {
+  std::sort(children.begin(), children.end(),
+            [](const TreeNode& a, const TreeNode& b) { return a.text < b.text; });
+  parent.children.reserve(children.size());
+  for (TreeNode& child : children) {
+    child.parent = &parent;
+    child.position = static_cast<int>(parent.children.size());
+    parent.children.push_back(std::make_unique<TreeNode>(std::move(child)));
+  }
+  tellScreen();
+}
+
+void TreeModel::clear() {
+  selected_ = nullptr;
+  const std::unique_ptr<TreeNode> going = std::move(root_);
+  if (screen_) screen_->treeCleared();
+}
+
+void TreeModel::select(TreeNode* node) {
+  selected_ = node;
+  tellScreen();
+}
+
+void TreeModel::expand(TreeNode& node) {
+  if (std::exchange(node.expanded, true)) return;
+  if (onExpand) onExpand(node);
+  tellScreen();
+}
+
+void TreeModel::collapse(TreeNode& node) {
+  node.expanded = false;
+  tellScreen();
+}
+
+void TreeModel::tellScreen() {
+  if (screen_) screen_->treeChanged();
+}
+
+}  // namespace quernstoke
