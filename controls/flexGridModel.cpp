@@ -56,6 +56,7 @@ void FlexGridModel::setCols(Int32 count) {
 void FlexGridModel::clear() {
   for (Row& row : rows_)
     row.cells.clear();
+  if (screen_) screen_->cellsCleared();
   changed();
 }
 
