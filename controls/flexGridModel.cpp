@@ -61,7 +61,6 @@ void FlexGridModel::clear() {
 }
 
 void FlexGridModel::setFormatString(std::string_view titles) {
-  formatString_ = titles;
   const Int32 count = Int32(std::count(titles.begin(), titles.end(), '|')) + 1;
   if (cols() < count) setCols(count);
   for (Int32 col = 0; col < count; ++col) {

@@ -89,7 +89,6 @@ class FlexGridModel {
   // without a mark, "^" centre, ">" right. Makes the columns as wide as their titles, and adds
   // those that are missing.
   void setFormatString(std::string_view titles);
-  const std::string& formatString() const { return formatString_; }
 
   const GridCell& cell(Int32 row, Int32 col) const;
   // The cell, to be changed at once.
@@ -163,7 +162,6 @@ class FlexGridModel {
   GridScreen* screen_ = nullptr;
   std::vector<Row> rows_;
   std::vector<Column> columns_;
-  std::string formatString_;
   Int32 row_ = 0, col_ = 0, rowSel_ = 0, colSel_ = 0;
   Int32 topRow_ = 1;
   ScrollBars scrollBars_ = ScrollBars::both;
