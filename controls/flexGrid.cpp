@@ -89,6 +89,7 @@ void FlexGrid::gridChanged() {
 }
 
 void FlexGrid::extentChanged() {
+  endDrag();
   updateScrollBars();
 }
 
@@ -181,6 +182,7 @@ void FlexGrid::focusInEvent(QFocusEvent* event) {
 void FlexGrid::focusOutEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusOutEvent(event);
   endDrag();  // A menu or another window takes the button's release for itself.
+  pressedKeys_.clear();
   viewport()->update();
 }
 
@@ -290,11 +292,16 @@ void FlexGrid::wheelEvent(QWheelEvent* event) {
 // The keyboard.
 
 void FlexGrid::keyPressEvent(QKeyEvent* event) {
+  pressedKeys_.insert(event->key());
   if (!moveByKey(event->key(), event->modifiers() & Qt::ShiftModifier)) event->ignore();
 }
 
-// Also while the key repeats: holding it turns page after page.
+// Also while the key repeats: holding it turns page after page. A key that was pressed elsewhere,
+// as in a list that gives the focus to the grid when an entry is chosen, has done what it was meant
+// to.
 void FlexGrid::keyReleaseEvent(QKeyEvent* event) {
+  if (!pressedKeys_.contains(event->key())) return event->ignore();
+  if (!event->isAutoRepeat()) pressedKeys_.erase(event->key());
   emit keyUp(gridKey(event->key()));
 }
 

@@ -7,6 +7,7 @@
 #include <QSize>
 #include <QString>
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -47,7 +48,7 @@ class FlexGrid : public QAbstractScrollArea, private GridScreen {
   void click();
   void dblClick();                                  // On a cell, with the left button.
   void mouseDown(GridButton button, int x, int y);  // Anywhere, in twips from the grid's corner.
-  void keyUp(GridKey key);
+  void keyUp(GridKey key);                          // Of a key that was pressed here.
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -70,6 +71,7 @@ class FlexGrid : public QAbstractScrollArea, private GridScreen {
 
   void gridChanged() override;
   void extentChanged() override;
+  void cellsCleared() override { endDrag(); }
   void showGrid(bool visible) override { setVisible(visible); }
   void enableGrid(bool enabled) override { setEnabled(enabled); }
   void focusGrid() override { setFocus(); }
@@ -104,6 +106,7 @@ class FlexGrid : public QAbstractScrollArea, private GridScreen {
   QPoint pointer_;
   QBasicTimer scrolling_;
   QString toldRow_;
+  std::set<int> pressedKeys_;
 };
 
 }  // namespace quernstoke

@@ -56,11 +56,11 @@ void FlexGridModel::setCols(Int32 count) {
 void FlexGridModel::clear() {
   for (Row& row : rows_)
     row.cells.clear();
+  if (screen_) screen_->cellsCleared();
   changed();
 }
 
 void FlexGridModel::setFormatString(std::string_view titles) {
-  formatString_ = titles;
   const Int32 count = Int32(std::count(titles.begin(), titles.end(), '|')) + 1;
   if (cols() < count) setCols(count);
   for (Int32 col = 0; col < count; ++col) {

@@ -46,6 +46,9 @@ class GridScreen {
   // There are other rows or columns than before. Told even while nothing is redrawn, for a screen
   // must not point at one that is gone.
   virtual void extentChanged() = 0;
+  // All cells were emptied, to be written anew: what the person has begun to do with them is over.
+  // Told even while nothing is redrawn.
+  virtual void cellsCleared() = 0;
   virtual void showGrid(bool visible) = 0;
   virtual void enableGrid(bool enabled) = 0;
   virtual void focusGrid() = 0;
@@ -64,7 +67,8 @@ class GridScreen {
 // 1. There is at least one row, that of the titles, and one column.
 // 2. row() and rowSel() span the selected rows, either being the upper one; col() and colSel() the
 //    columns. row() and col() name the current cell.
-// 3. All four, and topRow(), lie within the grid; taking rows or columns away moves them.
+// 3. All four lie within the grid; taking rows or columns away moves them. So does topRow(), but it
+//    is 1 also in a grid of titles alone.
 class FlexGridModel {
  public:
   FlexGridModel();
@@ -85,7 +89,6 @@ class FlexGridModel {
   // without a mark, "^" centre, ">" right. Makes the columns as wide as their titles, and adds
   // those that are missing.
   void setFormatString(std::string_view titles);
-  const std::string& formatString() const { return formatString_; }
 
   const GridCell& cell(Int32 row, Int32 col) const;
   // The cell, to be changed at once.
@@ -159,7 +162,6 @@ class FlexGridModel {
   GridScreen* screen_ = nullptr;
   std::vector<Row> rows_;
   std::vector<Column> columns_;
-  std::string formatString_;
   Int32 row_ = 0, col_ = 0, rowSel_ = 0, colSel_ = 0;
   Int32 topRow_ = 1;
   ScrollBars scrollBars_ = ScrollBars::both;

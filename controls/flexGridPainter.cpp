@@ -43,6 +43,18 @@ void initialise(QStyleOption& option, const QWidget& widget) {
   option.state &= ~(QStyle::State_MouseOver | QStyle::State_HasFocus);
 }
 
+// The font with its characters as narrow as the text needs; as it was where that would make it
+// illegible.
+QFont narrowed(const QFont& font, const QString& text, int width) {
+  constexpr int narrowest = 75;  // Percent.
+  QFont narrow = font;
+  for (int percent = 100; percent >= narrowest; --percent) {
+    narrow.setStretch(percent);
+    if (QFontMetrics(narrow).horizontalAdvance(text) <= width) return narrow;
+  }
+  return font;
+}
+
 }  // namespace
 
 FlexGridPainter::FlexGridPainter(QPainter& painter, const FlexGridModel& grid,
@@ -93,16 +105,23 @@ void FlexGridPainter::paintCell(int row, int col) {
   paintText(cell, qtAlignment(grid_.alignmentOf(row, col)), rect);
 }
 
+// A number that is cut short looks like another number. Before that happens it takes up the margins
+// and its digits stand closer.
 void FlexGridPainter::paintText(const GridCell& cell, Qt::Alignment alignment, const QRect& rect) {
   if (cell.text.empty()) return;
   QFont font = widget_.font();
   if (cell.bold) font.setBold(true);
   if (cell.strikeThrough) font.setStrikeOut(true);
+  const QString text = qtText(cell.text);
+  QRect place = rect.adjusted(margin_, 0, -margin_, 0);
+  const int lacking = QFontMetrics(font).horizontalAdvance(text) - place.width();
+  if (lacking > 0 && alignment.testFlag(Qt::AlignRight)) {
+    place.adjust(-std::min(lacking, margin_), 0, std::clamp(lacking - margin_, 0, margin_), 0);
+    font = narrowed(font, text, place.width());
+  }
   painter_.setFont(font);
-  const QRect inner = rect.adjusted(margin_, 0, -margin_, 0);
-  const QString shown =
-      painter_.fontMetrics().elidedText(qtText(cell.text), Qt::ElideRight, inner.width());
-  painter_.drawText(inner, static_cast<int>(alignment) | Qt::TextSingleLine, shown);
+  const QString shown = painter_.fontMetrics().elidedText(text, Qt::ElideRight, place.width());
+  painter_.drawText(place, static_cast<int>(alignment) | Qt::TextSingleLine, shown);
 }
 
 void FlexGridPainter::paintPicture(const GridCell& cell, const QRect& rect) {

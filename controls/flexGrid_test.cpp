@@ -107,6 +107,31 @@ TEST_F(FlexGridTest, AFittedColumnShowsItsTextInEveryStyle) {
   }
 }
 
+// A number that is cut short at its end looks like any other that begins like it.
+TEST_F(FlexGridTest, NumbersOfTenDigitsAreWholeInAColumnForEight) {
+  model.setRow(9);
+  model.setColWidth(3, MeasuringLabel(&grid).width("--99999999"));
+  const QRect cell = grid.layoutOnScreen().cellRect(2, 3);
+  const auto drawn = [&](const char* number) {
+    model.editCell(2, 3).text = number;
+    return picture().copy(cell);
+  };
+  EXPECT_NE(drawn("999999991"), drawn("999999992"));
+  EXPECT_NE(drawn("199999999"), drawn("299999999"));
+  EXPECT_NE(drawn("2147483646"), drawn("2147483647"));
+  EXPECT_NE(drawn("1147483647"), drawn("2147483647"));
+}
+
+TEST_F(FlexGridTest, NumberInAColumnThatIsFarTooNarrowIsCutWithAnEllipsis) {
+  model.setRow(9);
+  model.setColWidth(3, MeasuringLabel(&grid).width("99999"));
+  const QRect cell = grid.layoutOnScreen().cellRect(2, 3);
+  model.editCell(2, 3).text = "2147483646";
+  const QImage drawn = picture().copy(cell);
+  model.editCell(2, 3).text = "2147483647";
+  EXPECT_EQ(picture().copy(cell), drawn);
+}
+
 TEST_F(FlexGridTest, ARulerTakesItsFont) {
   QFont large = grid.font();
   large.setPointSize(large.pointSize() * 2);
@@ -208,6 +233,18 @@ TEST_F(FlexGridTest, DragEndsWithTheFocus) {
   EXPECT_THAT(selection(), ElementsAre(3, 1, 3, 1));
 }
 
+// The button was pressed on a row that isn't there any more.
+TEST_F(FlexGridTest, DragEndsWhenTheGridIsFilledAnew) {
+  for (const bool rowsChange : {false, true}) {
+    pressMouse(view(), cellAt(3, 1));
+    rowsChange ? model.setRows(9) : model.clear();
+    moveMouse(view(), cellAt(7, 1), Qt::LeftButton);
+    releaseMouse(view(), cellAt(7, 1));
+    EXPECT_THAT(selection(), ElementsAre(3, 1, 3, 1));
+    EXPECT_THAT(log, IsEmpty());
+  }
+}
+
 TEST_F(FlexGridTest, DragOfAnEdgeEndsWhenItsButtonIsSeenUp) {
   const QPoint edge(200, titlePixels / 2);
   pressMouse(view(), edge);
@@ -278,6 +315,30 @@ TEST_F(FlexGridTest, KeysByWhichPagesAreTurnedAreTold) {
   for (const int key : {Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_End, Qt::Key_Home, Qt::Key_A})
     typeKey(grid, key);
   EXPECT_THAT(keys, ElementsAre(33, 34, 35, 36, 0));
+}
+
+TEST_F(FlexGridTest, OnlyTheReleaseOfAKeyThatWasPressedHereIsTold) {
+  int told = 0;
+  QObject::connect(&grid, &FlexGrid::keyUp, [&](GridKey) { ++told; });
+  const auto send = [&](QEvent::Type type, int key, bool repeats = false) {
+    QKeyEvent event(type, key, Qt::NoModifier, {}, repeats);
+    QApplication::sendEvent(&grid, &event);
+  };
+  send(QEvent::KeyRelease, Qt::Key_End);
+  EXPECT_EQ(told, 0);
+  send(QEvent::KeyPress, Qt::Key_End);
+  QFocusEvent lost(QEvent::FocusOut);
+  QApplication::sendEvent(&grid, &lost);
+  send(QEvent::KeyRelease, Qt::Key_End);
+  EXPECT_EQ(told, 0);
+  send(QEvent::KeyPress, Qt::Key_PageDown);
+  send(QEvent::KeyPress, Qt::Key_Shift);
+  send(QEvent::KeyRelease, Qt::Key_PageDown, true);
+  send(QEvent::KeyPress, Qt::Key_PageDown, true);
+  send(QEvent::KeyRelease, Qt::Key_PageDown);
+  EXPECT_EQ(told, 2);
+  send(QEvent::KeyRelease, Qt::Key_PageDown);
+  EXPECT_EQ(told, 2);
 }
 
 // The screen shows one page of a longer list; below it there are spare rows of no file.

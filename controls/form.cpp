@@ -262,8 +262,7 @@ void Form::keyPressEvent(QKeyEvent* event) {
 void Form::pressDefaultButton() {
   QAbstractButton* button = qobject_cast<QPushButton*>(focusWidget());
   if (!button) button = qobject_cast<QToolButton*>(focusWidget());
-  if (!button || button->isCheckable()) {
-    button = nullptr;
+  if (!button) {
     for (QPushButton* candidate : findChildren<QPushButton*>())
       if (candidate->isDefault()) button = candidate;
   }

@@ -1,5 +1,7 @@
 #include "export/resultsRows.h"
 
+#include <optional>
+
 #include "catalogue/fileTable.h"
 #include "core/text.h"
 #include "platform/locale.h"
@@ -10,12 +12,6 @@
 namespace quernstoke {
 
 namespace {
-
-// 1 or 2. The key decides that of the first block alone, so that neighbours always differ.
-int colourOfBlock(Int32 file, int previous) {
-  if (previous != 0) return previous == 1 ? 2 : 1;
-  return blockKey(file) % 2 == 0 ? 1 : 2;
-}
 
 class RowWriter {
  public:
@@ -34,7 +30,7 @@ class RowWriter {
   void block(Int32 number) {
     const MatchGroup group = MatchGroupTable[number];
     for (Int32 file = group.first; file < group.first + group.count; ++file) {
-      if (file == group.first) colour_ = colourOfBlock(file, colour_);
+      if (file == group.first) colour_ = colourOfBlock(blockKey(file), colour_);
       layout_.format == ResultsFormat::html ? htmlLine(file) : csvLine(number, file);
       endLine();
     }
@@ -52,18 +48,20 @@ class RowWriter {
   }
 
   void cell(std::string_view text) {
-    line_ += colour_ == 1 ? "<td class=\"colour1\">" : "<td class=\"colour2\">";
+    line_ += isFirstColour() ? "<td class=\"colour1\">" : "<td class=\"colour2\">";
     line_.append(text).append("</td>");
   }
 
   void csvLine(Int32 number, Int32 file) {
-    if (layout_.useBlockMarkers) quoted(layout_.blockMarkers[colour_ == 1 ? 0 : 1]);
+    if (layout_.useBlockMarkers) quoted(layout_.blockMarkers[isFirstColour() ? 0 : 1]);
     if (layout_.numberBlocks) line_.append(toText(number)).append(",");
     quoted(naming_.name(file));
     quoted(naming_.directory(file));
     line_.append(userLocale().shortDate(FileTable.FileDate[file])).append(",");
     line_ += toText(FileTable.FileSize[file]);
   }
+
+  bool isFirstColour() const { return colour_ == BlockColour::first; }
 
   void quoted(std::string_view text) { line_.append("\"").append(text).append("\","); }
 
@@ -78,7 +76,7 @@ class RowWriter {
   std::string_view tail_;
   const TextSink& write_;
   std::string line_;
-  int colour_ = 0;  // None yet.
+  std::optional<BlockColour> colour_;
 };
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "catalogue/extensions.h"
 #include "core/scanState.h"
 #include "progress/scanStatus.h"
+#include "results/filters.h"
 #include "results/resultsGridTest.h"
 
 namespace quernstoke {
@@ -15,6 +16,7 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 class DirectoryMatchTest : public ResultsGridTest {
  protected:
@@ -237,6 +239,27 @@ TEST_F(DirectoryMatchTest, FilesDeletedInTheWindowStayInTheList) {
   EXPECT_TRUE(grid.cell(1, 1).strikeThrough);
 }
 
+// The walk knows nothing of filters.
+TEST_F(DirectoryMatchTest, FileThatWasFilteredOutComesBackForTheComparison) {
+  show();
+  FileTable.FileStatus[statusState][2] = fileState::removed;
+  basFilterRefresh(form);
+  ASSERT_THAT(fileNames(), UnorderedElementsAre("a", "c", "d"));
+  answer = "C:\\one";
+  set(0, 1);
+  answer = "C:\\two";
+  set(1, 1);
+  onMatch = [&] {
+    for (Int32 file = 1; file <= FileCount; ++file)
+      if (FileTable.FileName[file] == "b") {
+        EXPECT_EQ(FileTable.FileStatus[statusTemporary][file], 1);
+      }
+  };
+  click(2);
+  EXPECT_THAT(filesAtMatch, Contains("b"));
+  EXPECT_THAT(fileNames(), UnorderedElementsAre("a", "c", "d"));
+}
+
 TEST_F(DirectoryMatchTest, WalkTakesEveryExtensionWithinTheLimitsOfTheProfile) {
   ExtensionList[1] = "MP3";
   ExtensionList[2] = "WMA";
@@ -328,6 +351,14 @@ TEST_F(DirectoryMatchTest, DirectoryThatIsGoneIsTold) {
                                              "Subscript out of range(9)."));
   EXPECT_EQ(matches, 0);
   EXPECT_TRUE(form.takesInput);
+  EXPECT_EQ(button(0).text, "1");
+  EXPECT_EQ(button(1).text, "2");
+  // Those of the directory that was still read. They go with those of the next comparison.
+  EXPECT_THAT(fileNames(), ElementsAre("a", "b", "c", "d", "single"));
+  set(1, 1);
+  click(2);
+  EXPECT_EQ(matches, 1);
+  EXPECT_THAT(fileNames(), ElementsAre("a", "b", "c", "d"));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "results/fileActions.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -22,6 +23,7 @@
 #include "results/gridPaging.h"
 #include "results/gridSelection.h"
 #include "results/gridTicks.h"
+#include "results/localCopies.h"
 #include "results/resultsControls.h"
 
 namespace quernstoke {
@@ -40,6 +42,10 @@ std::string pathOnDisk(Int32 file) {
   return directoryOf(file).name + "\\" + std::string(FileTable.FileName[file]);
 }
 
+bool isNotThere(const Failure& failure) {
+  return failure.is(FailureNumber::fileNotFound) || failure.is(FailureNumber::pathNotFound);
+}
+
 // Removes the file. Returns whether it was there.
 bool removeFromDisk(Int32 file, const std::string& path) {
   const std::optional<std::string_view> root = walkRootOf(directoryOf(file).name);
@@ -48,8 +54,7 @@ bool removeFromDisk(Int32 file, const std::string& path) {
     files().removeWalked({path, *root, FileTable.FileSize[file].raw(), FileTable.FileDate[file]});
     return true;
   } catch (const Failure& failure) {
-    if (failure.is(FailureNumber::fileNotFound) || failure.is(FailureNumber::pathNotFound))
-      return false;
+    if (isNotThere(failure)) return false;
     throw;
   }
 }
@@ -59,15 +64,44 @@ bool livesOnDisk(Int32 file) {
          isListedDirectory(FileTable.FileDirNum[file]) && !isInZip(directoryOf(file));
 }
 
+bool holds(std::string_view directory, std::string_view name) {
+  constexpr int anything =
+      attributeReadOnly | attributeHidden | attributeSystem | attributeDirectory | attributeArchive;
+  const auto listing = files().list(directory, anything);
+  while (listing->next())
+    if (listing->name() == name) return true;
+  return false;
+}
+
+// Whether the file stands under the very names that the walk came upon. What can't be told counts
+// as standing.
+bool standsAsWalked(Int32 file) {
+  const std::optional<std::string_view> root = walkRootOf(directoryOf(file).name);
+  if (!root) return false;
+  const std::string path = pathOnDisk(file);
+  const std::string_view names = path;
+  try {
+    for (std::size_t at = root->size(); at < names.size();) {
+      const std::size_t end = std::min(names.find('\\', at + 1), names.size());
+      if (!holds(names.substr(0, at), names.substr(at + 1, end - at - 1))) return false;
+      at = end;
+    }
+  } catch (const Failure& failure) {
+    return !isNotThere(failure);
+  }
+  return true;
+}
+
 // A file that two directories of the profile lead to is listed twice, as its own duplicate. Returns
-// its other path, empty if it has none.
+// its other path, empty if it has none. One that has gone has none either, though its path may
+// still lead to a file whose name differs in letter case.
 std::string otherPathOf(Int32 file, const std::string& path) {
   const Table<Int32>& matches = FileTable.FileStatus[statusMatch];
   if (matches[file] < 0) return {};
   for (Int32 other = 1; other <= FileCount; ++other) {
     if (other == file || matches[other] != matches[file] || !livesOnDisk(other)) continue;
     std::string otherPath = pathOnDisk(other);
-    if (files().isSameFile(path, otherPath)) return otherPath;
+    if (files().isSameFile(path, otherPath)) return standsAsWalked(file) ? otherPath : "";
   }
   return {};
 }
@@ -123,19 +157,11 @@ void showUnopenable(const std::string& path) {
   dialogs().messageBox("Can't open file '" + path + "'");
 }
 
-// A copy of another row gives way. What is nobody's copy is a person's own, and stays.
-void makeRoomForCopy(const std::string& path) {
-  for (Int32 file = 1; file <= FileCount; ++file) {
-    if (FileTable.FileLocalName[file] != path) continue;
-    basDeleteTempFile(path);
-    FileTable.FileLocalName.set(file, "");
-  }
-}
-
 std::string extract(Int32 file) {
   const std::string name(FileTable.FileName[file]);
   const std::string path = TempDir + "\\" + name;
-  makeRoomForCopy(path);
+  // A copy of another row gives way. What is nobody's copy is a person's own, and stays.
+  deleteLocalCopiesAt(path);
   if (basFileExists(path)) {
     showUnopenable(path);
     return {};
@@ -207,10 +233,9 @@ void basOpenFile(ResultsControls& form) {
   procedure("basOpenFile", [&] {
     FlexGridModel& grid = form.gridMatches();
     focusIfVisible(grid);
-    // A second line belongs to another file than the row below it.
-    if (!oneFileIsSelected(grid) || grid.rowData(grid.row()) < 0) return dialogs().beep();
-    const Int32 file = grid.rowData(grid.row());
-    launch(isInZip(directoryOf(file)) ? localCopyOf(file) : pathOnDisk(file));
+    const std::optional<Int32> file = onlySelectedFile(grid);
+    if (!file) return dialogs().beep();
+    launch(isInZip(directoryOf(*file)) ? localCopyOf(*file) : pathOnDisk(*file));
   });
 }
 

@@ -2,6 +2,7 @@
 
 #include "catalogue/dirTable.h"
 #include "core/scanState.h"
+#include "results/gridSelection.h"
 #include "results/matchGroupIndex.h"
 #include "results/resultsGridTest.h"
 
@@ -172,6 +173,18 @@ TEST_F(DeletionTest, EmptyRowsAreNoFiles) {
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
+// The drag leaves a selection from its first empty row up to the last file.
+TEST_F(DeletionTest, DragOverEmptyRowsAloneDeletesNothing) {
+  for (const bool twoLines : {false, true}) {
+    twoLines ? showTwoLines(5) : showFiles(5);
+    select(12, 15);
+    gridMatches_Click(form);
+    ASSERT_LT(grid.rowSel(), grid.row());
+    deleteSelected();
+    EXPECT_THAT(left(5), SizeIs(5)) << twoLines;
+  }
+}
+
 TEST_F(DeletionTest, LastFileOfAMatchGoesWithoutAWarning) {
   disk.file("C:\\a", "x");
   disk.file("C:\\b", "x");
@@ -255,6 +268,24 @@ TEST_F(DeletionTest, DirectoryInAnotherCaseIsAnotherDirectory) {
   select(2, 2);
   deleteSelected();
   EXPECT_TRUE(disk.exists("C:\\music\\OLD\\song"));
+}
+
+// Its path leads to the other file of its match, but it is not that file.
+TEST_F(DeletionTest, FileThatHasGoneBesideOneInAnotherCaseIsLeftAsItIs) {
+  disk.file("C:\\music\\Old\\Song", "x");
+  buildCatalogue({{"Song", "C:\\music\\Old", 1, 2},
+                  {"song", "C:\\music\\Old", 1, 2},
+                  {"Song", "C:\\music\\old", 1, 2},
+                  {"first", "C:\\music", 1, 4}});
+  DirTable.setParent(1, 3);
+  DirTable.setParent(2, 3);
+  basBuildWholeGrid(form, 0, 1);
+  select(2, 3);
+  deleteSelected();
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+  EXPECT_FALSE(isStruck(2));
+  EXPECT_FALSE(isStruck(3));
+  EXPECT_TRUE(disk.exists("C:\\music\\Old\\Song"));
 }
 
 // A person may have typed it so.
@@ -343,6 +374,28 @@ TEST_F(DeletionTest, FileThatTwoDrivesLeadToStays) {
   EXPECT_FALSE(isStruck(1));
 }
 
+TEST_F(DeletionTest, FileOfADirectoryThatIsNamedTwiceStays) {
+  disk.file("C:\\music\\song", "x");
+  buildCatalogue({{"song", "C:\\music", 1, 2}, {"song", "C:\\MUSIC", 1, 2}});
+  build();
+  select(1, 2);
+  deleteSelected();
+  EXPECT_TRUE(disk.exists("C:\\music\\song"));
+  EXPECT_THAT(dialogBoxes.messages, SizeIs(2));
+}
+
+TEST_F(DeletionTest, FileThatTwoDrivesLeadToStaysWhereItsDirectoryCannotBeRead) {
+  disk.file("C:\\music\\song", "x");
+  disk.mountAgain("C:\\music", "D:");
+  buildCatalogue({{"song", "C:\\music", 1, 2}, {"song", "D:", 1, 2}});
+  build();
+  disk.failOn(DiskAction::list, "C:\\music", FailureNumber::permissionDenied);
+  select(1, 1);
+  deleteSelected();
+  EXPECT_TRUE(disk.exists("C:\\music\\song"));
+  EXPECT_THAT(dialogBoxes.messages, SizeIs(1));
+}
+
 TEST_F(DeletionTest, OnlyLivingFilesOfTheSameMatchAreAskedAfter) {
   disk.file("C:\\music\\song", "x");
   disk.mountAgain("C:\\music", "D:");
@@ -429,6 +482,19 @@ TEST_F(TickedDeletionTest, QuestionComesFirst) {
   EXPECT_TRUE(grid.redraw());
 }
 
+TEST_F(TickedDeletionTest, GridHasTheFocusAtItsEnd) {
+  showFiles(5);
+  form.screen.log.clear();
+  basDeleteFile(form, deletionMode::ticked);
+  EXPECT_THAT(form.screen.log, ElementsAre("focus"));
+  for (const Answer answer : {Answer::no, Answer::yes}) {
+    tickAll({2});
+    form.screen.log.clear();
+    deleteTicked(answer);
+    EXPECT_THAT(form.screen.log, ElementsAre("focus"));
+  }
+}
+
 TEST_F(TickedDeletionTest, TickedFilesGoWhateverIsSelected) {
   showFiles(5);
   tickAll({2, 4});
@@ -494,6 +560,20 @@ TEST_F(OpeningTest, SelectedFileIsOpened) {
   EXPECT_EQ(desk.opened[0].window, 0);
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
   EXPECT_EQ(dialogBoxes.beeps, 0);
+}
+
+TEST_F(OpeningTest, GridHasTheFocusWhateverComesOfIt) {
+  showFiles(5);
+  for (const int last : {2, 3}) {
+    select(2, last);
+    form.screen.log.clear();
+    basOpenFile(form);
+    EXPECT_THAT(form.screen.log, ElementsAre("focus"));
+  }
+  grid.setVisible(false);
+  form.screen.log.clear();
+  basOpenFile(form);
+  EXPECT_THAT(form.screen.log, IsEmpty());
 }
 
 TEST_F(OpeningTest, SeveralFilesBeep) {
@@ -593,6 +673,26 @@ TEST_F(OpeningTest, CopyOfAnotherFileGivesWay) {
   EXPECT_EQ(FileTable.FileLocalName[2], copy);
   EXPECT_THAT(desk.opened, SizeIs(1));
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(OpeningTest, CopyOfAnotherFileGivesWayWhateverItsLetterCase) {
+  showZipEntry("song");
+  disk.file(TempDir + "\\SONG", "of another archive");
+  FileTable.FileLocalName.set(1, TempDir + "\\SONG");
+  basOpenFile(form);
+  EXPECT_EQ(FileTable.FileLocalName[1], "");
+  EXPECT_EQ(disk.content(TempDir + "\\song"), "content");
+}
+
+TEST_F(OpeningTest, CopyThatDoesNotGiveWayIsRemembered) {
+  showZipEntry("song");
+  const std::string copy = TempDir + "\\song";
+  disk.file(copy, "of another archive");
+  FileTable.FileLocalName.set(1, copy);
+  disk.failOn(DiskAction::remove, copy, FailureNumber::permissionDenied);
+  basOpenFile(form);
+  EXPECT_EQ(FileTable.FileLocalName[1], copy);
+  EXPECT_EQ(dialogBoxes.messages.back(), "Can't open file '" + copy + "'");
 }
 
 TEST_F(OpeningTest, FileWithoutADirectoryOfItsListIsAProcedureError) {

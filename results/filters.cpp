@@ -1,7 +1,9 @@
 #include "results/filters.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
@@ -17,6 +19,7 @@
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "results/gridSelection.h"
+#include "results/localCopies.h"
 #include "results/resultsControls.h"
 #include "results/resultsGrid.h"
 #include "settings/profileStore.h"
@@ -34,6 +37,15 @@ constexpr int clearSelection = 2;  // The index behind those of the two director
 
 std::string realDirectory(Int32 file) {
   return lower(containerDirectory(file));
+}
+
+// A list may come without some of its directories.
+bool hasRealDirectory(Int32 file) {
+  const Int32 row = FileTable.FileDirNum[file];
+  if (!isListedDirectory(row)) return false;
+  if (DirTable[row].kind != dirKind::zipFolder) return true;
+  const Int32 archive = DirTable[row].parent;
+  return isListedDirectory(archive) && isListedDirectory(DirTable[archive].parent);
 }
 
 std::string selectedDirectory(const ResultsControls& form) {
@@ -74,6 +86,7 @@ class DirectoryFilter {
   }
 
   bool takes(Int32 file) {
+    if (!hasRealDirectory(file)) return false;
     Verdict& verdict = verdicts_[FileTable.FileDirNum[file]];
     if (verdict == Verdict::open)
       verdict = matches(realDirectory(file)) ? Verdict::yes : Verdict::no;
@@ -139,8 +152,7 @@ void cmdFilter_Click(ResultsControls& form) {
     form.mnuFilter(0).setCaption("Exclude all files from the display based on directory " +
                                  selectedDirectory(form));
     form.popUpBeside("mnuFilterMain", "cmdFilter", gap);
-    FlexGridModel& grid = form.gridMatches();
-    if (grid.enabled() && grid.visible()) grid.setFocus();
+    focusIfUsable(form.gridMatches());
   });
 }
 
@@ -152,14 +164,16 @@ void mnuFilter_Click(ResultsControls& form, Int16 index) {
 
 void basFilterDirectory(ResultsControls& form) {
   procedure("basFilterDirectory", [&] {
-    const FlexGridModel& grid = form.gridMatches();
-    if (!oneFileIsSelected(grid) || grid.rowData(grid.row()) < 0) return dialogs().beep();
-    const DirectoryChoice choice =
-        chooseDirectory(realDirectory(grid.rowData(grid.row())), ticked, unticked);
+    const std::optional<Int32> file = onlySelectedFile(form.gridMatches());
+    if (!file) return dialogs().beep();
+    const DirectoryChoice choice = chooseDirectory(realDirectory(*file), ticked, unticked);
     if (choice.directory.empty()) return;
     const std::string directory = lower(choice.directory);
     const bool recurse = choice.subDirectories == ticked;
-    if (choice.makePermanent == ticked) storeInSlot(firstFreeDirSlot(), directory, "E", recurse);
+    if (choice.makePermanent == ticked) {
+      storeInSlot(firstFreeDirSlot(), directory, "E", recurse);
+      form.exclusionStored() = true;
+    }
     markFiltered({directory, recurse});
     basFilterRefresh(form);
   });
@@ -169,10 +183,12 @@ void basFilterRefresh(ResultsControls& form) {
   procedure("basFilterRefresh", [&] {
     FlexGridModel& grid = form.gridMatches();
     const Int32 row = grid.row();
+    const std::vector<std::string> copies = localCopies();
     basRemoveFilesByCriteria("PRUNED");
     basPrepareFilesListForCompare("MATCHNUM", startMode::refresh);
     if (MatchByName) basPrepareFilesListForCompare("NAME", startMode::refresh);
     if (MatchByContent || MatchBySize) basPrepareFilesListForCompare("SIZE", startMode::refresh);
+    deleteLostCopies(copies);
     basBuildWholeGrid(form, 0, 0);
     form.basUpdateStatusBar();
     if (row < grid.rows() - 1) grid.setRow(row);

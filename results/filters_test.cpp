@@ -147,6 +147,14 @@ TEST_F(FiltersTest, HiddenGridGetsNoFocus) {
   EXPECT_THAT(form.screen.log, IsEmpty());
 }
 
+TEST_F(FiltersTest, DisabledGridGetsNoFocus) {
+  showData();
+  grid.setEnabled(false);
+  form.screen.log.clear();
+  cmdFilter_Click(form);
+  EXPECT_THAT(form.screen.log, IsEmpty());
+}
+
 TEST_F(FiltersTest, OnlyTheFirstItemOfTheMenuFilters) {
   showData();
   select("a1");
@@ -226,12 +234,26 @@ TEST_F(FiltersTest, GroupOfThreeThatLosesTwoLeavesTheList) {
         {"b1", "C:\\left", 20, 2},
         {"b2", "C:\\left", 20, 2}});
   EXPECT_EQ(DuplicateCount, 5);
-  const int updates = form.statusBarUpdates;
   filter("a1", {"c:\\gone", 0, 0});
   EXPECT_THAT(fileNames(), UnorderedElementsAre("k1", "k2", "k3", "b1", "b2"));
   EXPECT_EQ(DuplicateCount, 3);
   EXPECT_EQ(MatchGroupCount, 2);
-  EXPECT_GT(form.statusBarUpdates, updates);
+}
+
+// They would else lie in the way of every file of their name.
+TEST_F(FiltersTest, CopiesOfRowsThatGoAreDeleted) {
+  showData();
+  for (const int row : {1, 9}) {
+    const std::string copy = TempDir + "\\of" + std::to_string(row);
+    disk.file(copy, "copy");
+    FileTable.FileLocalName.set(row, copy);
+  }
+  filter("a1", {"c:\\data", 0, 0});
+  EXPECT_FALSE(disk.exists(TempDir + "\\of9"));
+  EXPECT_TRUE(disk.exists(TempDir + "\\of1"));
+  filter("k1", {"c:\\", 1, 0});
+  EXPECT_EQ(FileCount, 0);
+  EXPECT_FALSE(disk.exists(TempDir + "\\of1"));
 }
 
 TEST_F(FiltersTest, DeletedFilesStillCountAsMembers) {
@@ -262,16 +284,47 @@ TEST_F(FiltersTest, PermanentExclusionIsInTheProfileButNotSaved) {
   filter("a1", {"c:\\data", 1, 1});
   EXPECT_THAT(slot(3), ElementsAre("c:\\data", "E", "7", "recurse"));
   EXPECT_EQ(disk.count(DiskAction::open, ProfilesDir + "\\Music.profile"), savings);
+  EXPECT_TRUE(form.newExclusion);
   basSaveProfile("PROFILE");
   ProfileDirList[3] = {};
   basLoadProfile("PROFILE");
   EXPECT_EQ(ProfileDirList[3].Dir, "c:\\data");
 }
 
+// A list may come without some of its directories. Nothing tells where their files lie.
+TEST_F(FiltersTest, FilesOfDirectoriesThatAreNotListedStay) {
+  enum Lost { directory, archive, directoryOfArchive };
+  for (const Lost lost : {directory, archive, directoryOfArchive}) {
+    show({{"a1", "C:\\gone", 10, 1},
+          {"a2", "C:\\gone", 10, 1},
+          {"x", "C:\\left", 10, 2},
+          {"y", "C:\\left", 10, 2},
+          {"z", "C:\\left", 10, 2}});
+    const Int32 left = basFindDirInList("C:\\left");
+    constexpr int nowhere = 99;
+    bool existed = false;
+    const Int32 zip = basAddDirToList("C:\\left\\a.zip", dirKind::zipFile, nowhere, existed);
+    if (lost == directory)
+      for (Int32 file = 1; file <= FileCount; ++file)
+        if (FileTable.FileDirNum[file] == left) FileTable.FileDirNum[file] = nowhere;
+    if (lost != directory)
+      DirTable.set(left, {"docs", dirKind::zipFolder, lost == archive ? Int32(nowhere) : zip});
+    filter("a1", {"c:\\", 1, 0});
+    EXPECT_THAT(fileNames(), UnorderedElementsAre("x", "y", "z")) << lost;
+    EXPECT_THAT(dialogBoxes.messages, Not(testing::Contains(testing::HasSubstr("basFilter"))));
+  }
+}
+
 TEST_F(FiltersTest, ExclusionWithoutSubDirectoriesIsStoredSo) {
   showData();
   filter("a1", {"c:\\data", 0, 1});
   EXPECT_THAT(slot(1), ElementsAre("c:\\data", "E", "", ""));
+}
+
+TEST_F(FiltersTest, PassingFilterIsNoExclusionToSave) {
+  showData();
+  filter("a1", {"c:\\data", 1, 0});
+  EXPECT_FALSE(form.newExclusion);
 }
 
 TEST_F(FiltersTest, FullListGrowsForAnExclusion) {
@@ -295,8 +348,10 @@ TEST_F(FiltersTest, DimmedAnswersAreNone) {
 TEST_F(FiltersTest, AllFilesFilteredLeavesTheEmptyWindow) {
   buildCatalogue({{"a1", "C:\\data", 10, 1}, {"a2", "C:\\data", 10, 1}});
   build();
+  form.statusBarUpdates = 0;
   filter("a1", {"c:\\data", 0, 0});
   EXPECT_EQ(FileCount, 0);
+  EXPECT_EQ(form.statusBarUpdates, 1);  // No page was filled.
   EXPECT_TRUE(form.noDuplicatesShown);
   EXPECT_FALSE(grid.visible());
   EXPECT_THAT(form.disabled, testing::Contains("cmdFilter"));

@@ -34,6 +34,7 @@
 #include "results/gridWidths.h"
 #include "results/resultsGrid.h"
 #include "results/resultsWindow.h"
+#include "settings/profileStore.h"
 #include "ui_frmResults.h"
 
 namespace quernstoke::forms {
@@ -276,11 +277,14 @@ void frmResults::Form_Resize() {
 }
 
 bool frmResults::Form_QueryUnload(UnloadCause /*cause*/) {
-  return isEnabled() && !pageIsKept_;
+  return !pageIsKept_;
 }
 
 void frmResults::Form_Unload() {
-  procedure("Form_Unload", [] {
+  procedure("Form_Unload", [this] {
+    takeInput(false);  // The main window yields while it loads.
+    // It also loads the profile anew, from the disk.
+    if (exclusionStored_) basSaveProfile("PROFILE");
     leaveResults();
     quernstoke::frmMain().show();
   });
@@ -307,6 +311,7 @@ void frmResults::cboView_Click() {
 }
 
 void frmResults::moveToScrollBar() {
+  if (scrollBar_->tag() == ignoreTag) return;
   scrollOwed_ = pageIsKept_;
   if (!pageIsKept_) vscrGridMatches_Change(*this);
 }

@@ -65,6 +65,7 @@ class frmResults : public Form, private ResultsControls {
   void setTag(std::string_view tag) override;
   void takeInput(bool taken) override;
   bool& lastSubDirectories() override { return lastSubDirectories_; }
+  bool& exclusionStored() override { return exclusionStored_; }
   void popUp(std::string_view menu) override;
   void popUpBeside(std::string_view menu, std::string_view control, Int32 gap) override;
   void basUpdateStatusBar() override;
@@ -116,6 +117,7 @@ class frmResults : public Form, private ResultsControls {
   bool resizeOwed_ = false;  // The window's size changed while the page was kept.
   bool scrollOwed_ = false;  // The scroll bar moved meanwhile.
   bool lastSubDirectories_ = false;
+  bool exclusionStored_ = false;
   QPointer<QWidget> focusBefore_;  // That of the window while it takes no input.
 };
 

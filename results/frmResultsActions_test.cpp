@@ -276,6 +276,32 @@ TEST_F(ResultsSelectionTest, ClickBelowTheLastFileSelectsIt) {
   EXPECT_THAT(ticked(), ElementsAre(text(5, 1)));
 }
 
+// The release belongs to a row that is no longer there.
+TEST_F(ResultsSelectionTest, PageTurnedUnderTheButtonTicksNothing) {
+  showFiles(150);
+  pressMouse(cells(), cellCentre(2, 0));
+  press(Qt::Key_PageDown);
+  releaseMouse(cells(), cellCentre(2, 0));
+  settle();
+  EXPECT_THAT(ticked(), IsEmpty());
+  EXPECT_EQ(firstFile(), GridPageRows + 1);
+}
+
+// Choosing by keyboard gives the focus to the grid, which then sees the key go up.
+TEST_F(ResultsPagingTest, KeyThatChoosesFromAListTurnsNoPage) {
+  for (const Qt::Key key : {Qt::Key_End, Qt::Key_PageDown}) {
+    showFiles(150);
+    for (const char* list : {"cboView", "cboGroup"}) {
+      control<QComboBox>(list).setFocus();
+      press(key);
+      EXPECT_EQ(control<QComboBox>(list).currentIndex(), 1) << list;
+      EXPECT_TRUE(view().hasFocus()) << list;
+      EXPECT_EQ(firstFile(), 1) << list;
+    }
+    click("cmdClose");
+  }
+}
+
 // Widths.
 
 TEST_F(ResultsSelectionTest, AutoResizeButtonSwitchesOverAndFillsNothing) {
@@ -436,6 +462,24 @@ TEST_F(ResultsDeletionTest, SelectedFileIsStruckThrough) {
   EXPECT_TRUE(view().hasFocus());
   resizeTo(900, 500);
   EXPECT_THAT(names(), testing::Contains(name));
+}
+
+TEST_F(ResultsDeletionTest, SelectionExtendedUpwardsByKeysIsDeleted) {
+  showFiles(6);
+  clickCell(5, 1);
+  press(Qt::Key_Up, Qt::ShiftModifier);
+  const std::vector<std::string> chosen = {text(4, 1), text(5, 1)};
+  click("cmdDeleteFile_0");
+  EXPECT_FALSE(onDisk(chosen[0]));
+  EXPECT_FALSE(onDisk(chosen[1]));
+  EXPECT_THAT(disk.names("C:\\music"), SizeIs(4));
+}
+
+TEST_F(ResultsDeletionTest, DragBelowTheLastFileDeletesNothing) {
+  showFiles(6);
+  dragCells(9, 12, 1);
+  click("cmdDeleteFile_0");
+  EXPECT_THAT(disk.names("C:\\music"), SizeIs(6));
 }
 
 TEST_F(ResultsDeletionTest, TickedFilesAreAskedFor) {

@@ -82,6 +82,17 @@ TEST_F(ResultsFilterTest, MenuStandsBesideItsButton) {
   EXPECT_EQ(control<QMenu>("mnuFilterMain").pos(), corner);
 }
 
+TEST_F(ResultsFilterTest, MenuOfAClickStandsAtTheHeightOfThePointer) {
+  showData();
+  const QWidget& filter = button("cmdFilter");
+  const QPoint pointer = filter.mapToGlobal(QPoint(filter.width() / 2, filter.height() - 3));
+  QCursor::setPos(pointer);
+  click("cmdFilter");
+  const int right = filter.mapToGlobal(QPoint(filter.width() + 1, 0)).x();
+  EXPECT_EQ(control<QMenu>("mnuFilterMain").pos(), QPoint(right, pointer.y()));
+  QCursor::setPos(farAway, farAway);
+}
+
 TEST_F(ResultsFilterTest, GridHasTheFocusWhenTheMenuIsGone) {
   showData();
   button("cmdFilter").setFocus();
@@ -142,6 +153,7 @@ TEST_F(ResultsFilterTest, DialogDecidesHowMuchOfThePathIsMeant) {
   EXPECT_EQ(FileCount, 0);
   EXPECT_TRUE(isShown("labNoDuplicates"));
   EXPECT_FALSE(isEnabled("cmdFilter"));
+  EXPECT_EQ(panel(3), "Files:0");
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
@@ -182,7 +194,6 @@ TEST_F(ResultsFilterTest, PairGoesToTheProfileAsItWasPicked) {
   clickCell(4, 1);
   chooseItem("mnuFilterTwoDirs_0");
   answer = "c:\\keep";
-  DialogValue2 = 2;
   chooseItem("mnuFilterTwoDirs_1");
   EXPECT_EQ(ProfileDirList[1].Dir, "c:\\R&B");
   EXPECT_EQ(ProfileDirList[2].Dir, "c:\\keep");
@@ -208,6 +219,16 @@ TEST_F(ResultsFilterTest, DirectoryStaysSetWhenItsButtonIsClickedAgain) {
   answer = "";
   click("cmdSetDir_0");
   EXPECT_TRUE(looksSet("cmdSetDir_0"));
+}
+
+TEST_F(ResultsFilterTest, EnterPressesAButtonWhoseDirectoryIsSet) {
+  showData();
+  for (const int times : {1, 2}) {
+    button("cmdSetDir_0").setFocus();
+    press(Qt::Key_Return);
+    EXPECT_EQ(asked.size(), static_cast<std::size_t>(times));
+    EXPECT_TRUE(looksSet("cmdSetDir_0"));
+  }
 }
 
 TEST_F(ResultsFilterTest, BothMustBeSet) {
@@ -258,22 +279,54 @@ TEST_F(ResultsFilterTest, ListIsNotSortedBelowTheMatchWindow) {
   EXPECT_EQ(names().front(), lastFile);
 }
 
+// The program moves the bar from the end to its beginning, and that is nobody's turn of a page.
+TEST_F(ResultsFilterTest, PageIsThatOfTheRowAfterTheMatchWindow) {
+  modalForms.frmDirMatch = [] {};
+  showFiles(150);
+  basRedimFilesArrays(FileCount, true);
+  DirTable.redim(DirCount, true);
+  press(Qt::Key_End);
+  ASSERT_EQ(bar().value(), bar().maximum());
+  clickCell(1, 1);
+  click("cmdSetDir_0");
+  click("cmdSetDir_1");
+  click("cmdSetDir_2");
+  EXPECT_EQ(firstFile(), 1);
+  EXPECT_THAT(rows(), testing::Pair(1, 1));
+  EXPECT_EQ(bar().value(), 1);
+}
+
 TEST_F(ResultsFilterTest, WindowTakesNoInputWhileTheDirectoriesAreRead) {
   showData();
   for (int file = 0; file < 500; ++file)
     disk.file("C:\\keep\\n" + std::to_string(file), "x");
   setBoth();
-  modalForms.frmDirMatch = [] {};
+  int exports = 0;
+  modalForms.frmExportResults = [&] { ++exports; };
+  int matches = 0;
+  modalForms.frmDirMatch = [&] {
+    ++matches;
+    EXPECT_EQ(form().focusWidget(), &button("cmdSetDir_2"));
+  };
   ScanDetailsShown = true;
   int yields = 0;
   eventLoop.onYield = [&] {
     ++yields;
-    click("cmdFilter");
-    EXPECT_FALSE(isUp("mnuFilterMain"));
+    clickCell(2, 0);
+    for (const char* name :
+         {"cmdFilter", "cmdOpenFile", "cmdOpenDir", "cmdExport", "cmdAutoResize"})
+      quernstoke::click(button(name));
     form().close();
   };
+  button("cmdSetDir_2").setFocus();
   click("cmdSetDir_2");
   EXPECT_GT(yields, 0);
+  EXPECT_EQ(matches, 1);
+  EXPECT_THAT(ticked(), IsEmpty());
+  EXPECT_FALSE(isUp("mnuFilterMain"));
+  EXPECT_THAT(desk.opened, IsEmpty());
+  EXPECT_EQ(exports, 0);
+  EXPECT_EQ(button("cmdAutoResize").property("Tag"), "1");
   EXPECT_TRUE(window.isLoaded());
   EXPECT_TRUE(isEnabled("cmdFilter"));
   EXPECT_TRUE(view().hasFocus());

@@ -16,9 +16,13 @@ namespace {
 
 constexpr int noRow = -1;
 
+RowArea fromAbove(Int32 oneEnd, Int32 otherEnd) {
+  return {std::min(oneEnd, otherEnd), std::max(oneEnd, otherEnd)};
+}
+
 // From the first file's first row to the last file's last one; empty rows at the end don't count.
 RowArea draggedRows(const FlexGridModel& grid) {
-  RowArea range = selectedRows(grid);
+  RowArea range = fromAbove(grid.row(), grid.rowSel());
   const RowArea first = basSelectedRowArea(range.firstRow, grid);
   if (first.isFile()) range.firstRow = first.firstRow;
   const RowArea last = basSelectedRowArea(range.lastRow, grid);
@@ -62,11 +66,16 @@ Int32 rowAt(const FlexGridModel& grid, Int32 y) {
 }  // namespace
 
 RowArea selectedRows(const FlexGridModel& grid) {
-  return {std::min(grid.row(), grid.rowSel()), std::max(grid.row(), grid.rowSel())};
+  const bool beginsEmpty = grid.rowData(grid.row()) == rowMark::empty;
+  return beginsEmpty ? RowArea{grid.row(), grid.rowSel()} : fromAbove(grid.row(), grid.rowSel());
 }
 
 void focusIfVisible(FlexGridModel& grid) {
   if (grid.visible()) grid.setFocus();
+}
+
+void focusIfUsable(FlexGridModel& grid) {
+  if (grid.enabled()) focusIfVisible(grid);
 }
 
 RowArea basSelectedRowArea(Int32& row, const FlexGridModel& grid) {
@@ -84,6 +93,12 @@ RowArea basSelectedRowArea(Int32& row, const FlexGridModel& grid) {
 bool oneFileIsSelected(const FlexGridModel& grid) {
   const int linesBelow = ResultsView == resultsView::oneLine ? 0 : 1;
   return grid.rowSel() == grid.row() + linesBelow;
+}
+
+std::optional<Int32> onlySelectedFile(const FlexGridModel& grid) {
+  // A second line belongs to another file than the row below it.
+  if (!oneFileIsSelected(grid) || grid.rowData(grid.row()) < 0) return std::nullopt;
+  return grid.rowData(grid.row());
 }
 
 Int32 selectedFile(const FlexGridModel& grid) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "core/integers.h"
 
 namespace quernstoke {
@@ -21,14 +23,19 @@ RowArea basSelectedRowArea(Int32& row, const FlexGridModel& grid);
 // Whether the selection is as large as one file.
 bool oneFileIsSelected(const FlexGridModel& grid);
 
+// The file that is selected alone, none if the selection is no whole file or larger.
+std::optional<Int32> onlySelectedFile(const FlexGridModel& grid);
+
 // The file at the current row, however many are selected. An empty row has none, and fails with a
 // subscript out of range.
 Int32 selectedFile(const FlexGridModel& grid);
 
-// The selection's rows from above, whichever way it was dragged.
+// The selection's rows from above, whichever way it was extended. One that begins on an empty row
+// and runs upward stays upside down and so holds no row: a drag over empty rows alone leaves it.
 RowArea selectedRows(const FlexGridModel& grid);
 
 void focusIfVisible(FlexGridModel& grid);
+void focusIfUsable(FlexGridModel& grid);  // Visible and enabled.
 
 // The left button was clicked or a selection dragged: widens the selection to whole files, and
 // toggles their ticks if it began in the column of ticks.

@@ -207,6 +207,13 @@ TEST_F(ClickTest, DraggingOverEmptyRowsTogglesNothing) {
   EXPECT_THAT(rows(), Pair(12, 5));
 }
 
+TEST_F(ClickTest, DraggingUpwardsFromTheEmptyRowsTakesTheFiles) {
+  build(5);
+  drag(12, 3, 0);
+  EXPECT_THAT(ticked(), ElementsAre(3, 4, 5));
+  EXPECT_THAT(rows(), Pair(3, 5));
+}
+
 TEST_F(ClickTest, EveryFileOfAMatchCanBeTicked) {
   buildCatalogue({{"a", "C:\\", 1, 2}, {"b", "C:\\", 1, 2}});
   build();
@@ -249,6 +256,15 @@ TEST_F(MenuTest, SelectionDraggedUpwardsIsKeptToo) {
   pressRight(1600);
   EXPECT_THAT(rows(), Pair(7, 3));
   EXPECT_THAT(form.menus, ElementsAre("mnuRightClickMultpleFile"));
+}
+
+// What it leaves seems to be a selection upward from an empty row to the last file.
+TEST_F(MenuTest, DragOverEmptyRowsAloneHasNoMenuOfSeveral) {
+  build(5);
+  drag(12, 15, 1);
+  pressRight(2500);
+  EXPECT_THAT(rows(), Pair(8, 8));
+  EXPECT_THAT(form.menus, ElementsAre("mnuRightClickSingleFile"));
 }
 
 TEST_F(MenuTest, RightButtonBesideTheSelectionLeavesIt) {

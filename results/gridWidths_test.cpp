@@ -245,6 +245,12 @@ TEST_F(AutoWidthTest, TextBehindABoldOneIsMeasuredPlain) {
   EXPECT_THAT(widths(), ElementsAre(400, 8650 - 400 - 600, 600));
 }
 
+TEST_F(AutoWidthTest, ColumnThatIsNotThereIsReported) {
+  basAutoSetGridWidth(grid, 3, ruler, 480);
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basAutoSetGridWidth'.  "
+                                                "Reason: Subscript out of range(9)."));
+}
+
 TEST_F(AutoWidthTest, ExpandedColumnMayBeLeftWithNothing) {
   write(1, 0, std::string(60, 'x'));
   write(1, 2, std::string(60, 'x'));

@@ -38,6 +38,8 @@ class ResultsControls {
   virtual void takeInput(bool taken) = 0;
   // The last answer, while the window lives, on whether a pair also covers what lies below it.
   virtual bool& lastSubDirectories() = 0;
+  // Whether a filter has put an exclusion into the profile, which is saved when the window is left.
+  virtual bool& exclusionStored() = 0;
   virtual void popUp(std::string_view menu) = 0;
   // As many twips to the right of a control.
   virtual void popUpBeside(std::string_view menu, std::string_view control, Int32 gap) = 0;

@@ -15,6 +15,7 @@
 #include "results/fileRows.h"
 #include "results/gridPaging.h"
 #include "results/gridScrolling.h"
+#include "results/gridSelection.h"
 #include "results/gridWidths.h"
 #include "results/matchGroupIndex.h"
 #include "results/resultsControls.h"
@@ -95,13 +96,11 @@ Int32 fileAt(Int32 position) {
   return FilePointerArray.upperBound() != 0 ? FilePointerArray[position] : position;
 }
 
-// The key decides the first colour of a page alone: neighbours would else share a colour where the
-// blocks between them were pruned or filtered out.
-Colour colourOfBlock(Int32 key, std::optional<Colour> previous) {
+std::optional<Colour> backColour(std::optional<BlockColour> colour) {
   constexpr Colour white = 0xFFFFFF;
   constexpr Colour grey = 0xE0E0E0;
-  if (!previous) return key % 2 == 0 ? white : grey;
-  return *previous == white ? grey : white;
+  if (!colour) return std::nullopt;
+  return colour == BlockColour::first ? white : grey;
 }
 
 // Returns the last row that was written.
@@ -109,13 +108,14 @@ Int32 fillRows(FlexGridModel& grid) {
   constexpr int noPercent = -1;
   Int32 rowsUsed;
   Int32 previousKey = -1;
-  std::optional<Colour> colour;
+  std::optional<BlockColour> colour;
   for (Int32 position = GridFirstFile;; ++position) {
     const Int32 file = fileAt(position);
     const Int32 key = blockKey(file);
     if (key != previousKey) colour = colourOfBlock(key, colour);
     previousKey = key;
-    basDisplayFileDetails(file, rowsUsed + 1, GridLinesPerFile, grid, noPercent, colour);
+    basDisplayFileDetails(file, rowsUsed + 1, GridLinesPerFile, grid, noPercent,
+                          backColour(colour));
     rowsUsed += GridLinesPerFile;
     if (rowsUsed >= Int32(GridPageRows) || position >= GridLastFile) return rowsUsed;
   }
@@ -132,6 +132,11 @@ Int32 cursorRow(std::string_view mode, Int32 position, Int32 lastWritten) {
 Int32 blockKey(Int32 file) {
   return ResultsGroup == resultsGroup::match ? FileTable.FileStatus[statusMatch][file]
                                              : FileTable.FileDirNum[file];
+}
+
+BlockColour colourOfBlock(Int32 key, std::optional<BlockColour> previous) {
+  const bool first = previous ? previous == BlockColour::second : key % 2 == 0;
+  return first ? BlockColour::first : BlockColour::second;
 }
 
 void basBuildWholeGrid(ResultsControls& form, Int16 skipFill, Int16 keepOrder) {
@@ -170,7 +175,7 @@ void basFillGrid(ResultsControls& form, std::string_view mode, Int32 position) {
     grid.setRow(cursorRow(mode, position, lastWritten));
     grid.setRedraw(true);
     form.basUpdateStatusBar();
-    if (grid.enabled() && grid.visible()) grid.setFocus();
+    focusIfUsable(grid);
   });
 }
 

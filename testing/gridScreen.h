@@ -19,6 +19,7 @@ class ScriptedGridScreen : public GridScreen {
 
   void gridChanged() override { ++changes; }
   void extentChanged() override {}
+  void cellsCleared() override {}
   void showGrid(bool visible) override { log.emplace_back(visible ? "show" : "hide"); }
   void enableGrid(bool enabled) override { log.emplace_back(enabled ? "enable" : "disable"); }
   void focusGrid() override { log.emplace_back("focus"); }
@@ -32,5 +33,12 @@ class ScriptedGridScreen : public GridScreen {
   }
   std::string gridFont() const override { return "Grid"; }
 };
+
+inline std::vector<std::string> titlesOf(const FlexGridModel& grid) {
+  std::vector<std::string> titles;
+  for (Int32 col = 0; col < grid.cols(); ++col)
+    titles.push_back(grid.cell(0, col).text);
+  return titles;
+}
 
 }  // namespace quernstoke

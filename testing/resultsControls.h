@@ -123,6 +123,7 @@ class ScriptedResultsControls : public ResultsControls {
   std::string tag;
   bool takesInput = true;
   bool subDirectories = false;
+  bool newExclusion = false;
 
   FlexGridModel& gridMatches() override { return grid; }
   const FlexGridModel& gridMatches() const override { return grid; }
@@ -145,6 +146,7 @@ class ScriptedResultsControls : public ResultsControls {
   void setTag(std::string_view text) override { tag = text; }
   void takeInput(bool taken) override { takesInput = taken; }
   bool& lastSubDirectories() override { return subDirectories; }
+  bool& exclusionStored() override { return newExclusion; }
   void popUp(std::string_view menu) override { menus.emplace_back(menu); }
   void popUpBeside(std::string_view menu, std::string_view control, Int32 gap) override {
     menus.push_back(std::string(menu) + " beside " + std::string(control) + " + " +
