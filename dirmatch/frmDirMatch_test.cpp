@@ -305,7 +305,7 @@ TEST_F(DirMatchWindow, NothingElseIsDoneWhileAQuestionIsUp) {
       busy.answers = {Answer::no};
       click(command);
       EXPECT_EQ(busy.messages.size(), 1u);
-      EXPECT_TRUE(isOpen());
+      ASSERT_TRUE(isOpen());
       EXPECT_THAT(lines(), ElementsAre("a|b", "|c", "|", "e|d"));
       EXPECT_FALSE(control<QCheckBox>("chkShowAll").isChecked());
       EXPECT_EQ(label("labFileName"), "a");
