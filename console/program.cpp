@@ -63,6 +63,7 @@ ExitStatus run(int argc, char* argv[], StandardError& err) {
 int runProgram(int argc, char* argv[]) {
   reserveStandardStreams();
   std::signal(SIGPIPE, SIG_IGN);  // A reader that has gone is an error of writing.
+  std::signal(SIGXFSZ, SIG_IGN);  // And so is a file that may not become so long.
   StandardError err(STDERR_FILENO);
   return static_cast<int>(run(argc, argv, err));
 }

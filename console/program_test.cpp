@@ -413,6 +413,14 @@ TEST_F(OutputFailureTest, FullDiskIsTold) {
   EXPECT_EQ(run({"--help"}).status, 1);
 }
 
+TEST_F(OutputFailureTest, FileThatMayNotBecomeSoLongIsTold) {
+  program.executable = "/bin/sh";
+  const RunResult result = run({"-c", "ulimit -f 0; exec \"$0\" \"$@\"", QUERNSTOKE_SCAN_PATH,
+                                "--output", tree.path("out"), tree.path("in")});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.err, HasSubstr("quernstoke-scan: "));
+}
+
 TEST_F(OutputFailureTest, ClosedStandardOutputIsTold) {
   program.closesOut = true;
   expectFailure(scan(), "standard output: Bad file descriptor");

@@ -46,8 +46,7 @@ bool isTaken(const std::string& path) {
     files().attributes(path);
     return true;
   } catch (const Failure& failure) {
-    if (failure.is(FailureNumber::fileNotFound) || failure.is(FailureNumber::pathNotFound))
-      return false;
+    if (failure.isAbsent()) return false;
     throw;
   }
 }

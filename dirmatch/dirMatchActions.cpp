@@ -8,11 +8,11 @@
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
 #include "catalogue/walkRoot.h"
+#include "catalogue/walkedFiles.h"
 #include "controls/flexGridModel.h"
 #include "core/probes.h"
 #include "core/procedure.h"
 #include "core/system.h"
-#include "core/text.h"
 #include "dirmatch/dirMatchControls.h"
 #include "dirmatch/dirMatchGrid.h"
 #include "dirmatch/dirMatchRows.h"
@@ -20,6 +20,7 @@
 #include "platform/dialogs.h"
 #include "platform/fileSystem.h"
 #include "platform/platform.h"
+#include "results/gridSelection.h"
 
 namespace quernstoke {
 
@@ -28,8 +29,8 @@ namespace {
 const std::string newLine = "\r\n";
 const std::string newItem = newLine + "  ";
 
-const std::string& directoryOf(Int32 file) {
-  return DirTable[FileTable.FileDirNum[file]].name;
+const std::string& nameOfDirectory(Int32 row) {
+  return listedDirectory(row).name;
 }
 
 std::string nameOf(Int32 file) {
@@ -57,22 +58,21 @@ std::string_view rootOf(const FilePath& path) {
   return *root;
 }
 
-// What tells a file that has changed from what it was a moment ago.
-struct Look {
-  std::int32_t size = 0;
-  DateTime modified;
-};
-
-Look lookAt(const std::string& path) {
-  return {files().length(path), files().modified(path)};
-}
-
-void remove(const FilePath& path, const Look& look) {
-  files().removeWalked({path.whole(), rootOf(path), look.size, look.modified});
-}
-
-bool saysAbsent(const Failure& failure) {
-  return failure.is(FailureNumber::fileNotFound) || failure.is(FailureNumber::pathNotFound);
+// The path below a directory with the names as the disk spells them, as far as it leads there.
+std::string asOnDisk(const std::string& directory, const std::string& sub) {
+  std::string path = directory;
+  for (std::size_t begin = 0; begin < sub.size();) {
+    const std::size_t end = std::min(sub.find('\\', begin), sub.size());
+    const std::string written = path + "\\" + sub.substr(begin, end - begin);
+    try {
+      path += "\\" + files().nameOnDisk(written);
+    } catch (const Failure& failure) {
+      if (!failure.isAbsent()) throw;
+      return (path + "\\" + sub.substr(begin)).substr(directory.size() + 1);
+    }
+    begin = end + 1;
+  }
+  return path.substr(directory.size() + 1);
 }
 
 // Moves the selected files of one side, one after the other. What the person has said about
@@ -80,20 +80,20 @@ bool saysAbsent(const Failure& failure) {
 class Mover {
  public:
   explicit Mover(Int32 side)
-      : base_(DirMatchBase[static_cast<std::size_t>(side.raw())]),
+      : side_(side),
         source_(side == dirMatchSide::left ? DirMatchDir1 : DirMatchDir2),
         destination_(side == dirMatchSide::left ? DirMatchDir2 : DirMatchDir1) {}
 
   // Returns whether to go on.
   bool move(Int32 file) {
-    const std::string sub = subDirectoryOf(file);
-    Target target{DirTable[destination_].name, destination_};
+    const std::string sub = subDirectoryOf(FileTable.FileDirNum[file], side_);
+    Target target{nameOfDirectory(destination_), destination_};
     const Answer answer = sub.empty() ? askForFile(file) : askForSubDirectory(sub);
     if (answer == Answer::cancel) return false;
     if (sub.empty() && answer == Answer::no) return true;
     if (!sub.empty() && answer == Answer::yes && !enterSubDirectory(sub, target)) return true;
     const std::string below = sub.empty() ? "" : "\\" + sub;
-    moveFile(file, {DirTable[source_].name + below, nameOf(file)}, target);
+    moveFile(file, {nameOfDirectory(source_) + below, nameOf(file)}, target);
     return true;
   }
 
@@ -103,18 +103,11 @@ class Mover {
     Int32 row;
   };
 
-  std::string subDirectoryOf(Int32 file) const {
-    std::string sub = directoryOf(file);
-    sub.erase(0, base_.size());
-    if (sub.starts_with('\\') || sub.starts_with('/')) sub.erase(0, 1);
-    return sub;
-  }
-
   Answer askForFile(Int32 file) const {
     return dialogs().messageBox("Are you sure you want to move the file " + newItem + nameOf(file) +
-                                    newLine + "From directory:" + newItem + directoryOf(file) +
+                                    newLine + "From directory:" + newItem + directoryOf(file).name +
                                     newLine + "To directory: " + newItem +
-                                    DirTable[destination_].name,
+                                    nameOfDirectory(destination_),
                                 Buttons::yesNoCancel, "Move file", Icon::none);
   }
 
@@ -123,30 +116,27 @@ class Mover {
       subDirectoryAnswer_ = dialogs().messageBox(
           "The file is being moved from the sub-directory:" + newItem + sub + newLine +
               "Do you want to move it to the same sub-directory in the destination directory:" +
-              newItem + DirTable[destination_].name + "\\" + sub + newLine +
+              newItem + nameOfDirectory(destination_) + "\\" + sub + newLine +
               "(Answering 'No' will move it to the parent directory.)",
           Buttons::yesNoCancel, "", Icon::none);
     return *subDirectoryAnswer_;
   }
 
-  // Returns false if it can't be made.
+  // Returns false if it can't be made. Where the disk has it in another letter case, that is it.
   bool enterSubDirectory(const std::string& sub, Target& target) const {
     const std::string parent = target.directory;
-    target.directory += "\\" + sub;
-    if (!basDirExists(target.directory))
-      return !basCreateDirectories(parent, sub, true, destination_, target.row);
+    const std::string spelt = asOnDisk(parent, sub);
+    target.directory += "\\" + spelt;
+    if (!basDirExists(target.directory) &&
+        basCreateDirectories(parent, spelt, true, destination_, target.row))
+      return false;
     target.row = rowOfDirectory(target.directory);
     return true;
   }
 
-  // The row of a directory on the disk. The list may have it in another letter case, or not at all
-  // if no scan has entered it; a file must have a row all the same.
+  // The list may not have a directory that no scan has entered. A file must have a row all the
+  // same.
   Int32 rowOfDirectory(const std::string& path) const {
-    const Int32 exact = basFindDirInList(path);
-    if (exact != -1) return exact;
-    for (Int32 row = 1; row <= DirCount; ++row)
-      if (DirTable[row].kind == dirKind::directory && equalIgnoringCase(DirTable[row].name, path))
-        return row;
     bool existed = false;
     return basAddDirToList(path, dirKind::directory, destination_, existed);
   }
@@ -157,16 +147,16 @@ class Mover {
       dialogs().messageBox("Destination file already exists. Move failed");
       return;
     }
-    Look look;
-    if (!copy(from, to, look) || !removeOriginal(from, to, look)) return;
+    WalkedCopy copied;
+    if (!copy(file, from, to, copied) || !removeOriginal(from, to, copied)) return;
+    takeDate(file, copied);
     FileTable.FileDirNum[file] = target.row;
     if (FileTable.FileStatus[statusTemporary][file] == 1) DirTable.setTemporary(target.row, false);
   }
 
-  static bool copy(const FilePath& from, const FilePath& to, Look& look) {
+  static bool copy(Int32 file, const FilePath& from, const FilePath& to, WalkedCopy& copied) {
     try {
-      look = lookAt(from.whole());
-      files().copyWalked(from.whole(), rootOf(from), to.whole());
+      copied = copyToItsPlace(file, from, to);
       return true;
     } catch (const Failure& failure) {
       dialogs().messageBox("Move of file '" + from.name + "' has failed." + newLine +
@@ -175,27 +165,50 @@ class Mover {
     }
   }
 
+  static WalkedCopy copyToItsPlace(Int32 file, const FilePath& from, const FilePath& to) {
+    // What is below a directory by its first characters alone need not be where it is looked for.
+    if (isInZip(file) || from.whole() != pathOnDisk(file)) fail(FailureNumber::fileNotFound);
+    WalkedCopy copied = files().copyWalked(from.whole(), rootOf(from), to.whole());
+    // Its directory may have been renamed or thrown away meanwhile.
+    const SeenFile there = files().lookWalked(to.whole(), to.directory);
+    if (there.identity != copied.copy.identity) fail(FailureNumber::fileNotFound);
+    copied.copy = there;
+    return copied;
+  }
+
   // Returns whether the copy is the file from now on.
-  static bool removeOriginal(const FilePath& from, const FilePath& to, const Look& look) {
+  static bool removeOriginal(const FilePath& from, const FilePath& to, const WalkedCopy& copied) {
     try {
-      remove(from, look);
+      files().removeSeen(from.whole(), rootOf(from), copied.original);
     } catch (const Failure& failure) {
       // Somebody else has removed it: what there is of it now is the copy.
-      if (saysAbsent(failure)) return true;
+      if (failure.isAbsent()) return true;
       dialogs().messageBox("Unable to delete original file. Move aborted!. Reason: " +
                            failure.description);
-      // A failing disk may not tell what it has done. The copy goes only for an original that is
-      // there to be seen.
-      if (basFileExists(from.whole())) {
-        const Look copied = lookAt(to.whole());
-        files().removeWalked({to.whole(), to.directory, copied.size, copied.modified});
-      }
+      // A failing disk may not tell what it has done, and another file may stand there now. The
+      // copy goes only for the very original that is there to be seen.
+      if (isThere(from, copied.original)) files().removeSeen(to.whole(), to.directory, copied.copy);
       return false;
     }
     return true;
   }
 
-  const std::string base_;
+  static bool isThere(const FilePath& path, const SeenFile& before) {
+    bool same = false;
+    ignoringFailure([&] { same = files().lookWalked(path.whole(), rootOf(path)) == before; });
+    return same;
+  }
+
+  // Disks differ in how finely they keep dates, and a date that isn't the file's would pass for a
+  // change since the scan. One that was changed since then is still to be told as such.
+  static void takeDate(Int32 file, const WalkedCopy& copied) {
+    const SeenFile& original = copied.original;
+    if (original.size == FileTable.FileSize[file].raw() &&
+        original.modified == FileTable.FileDate[file])
+      FileTable.FileDate[file] = copied.copy.modified;
+  }
+
+  const Int32 side_;
   const Int32 source_;
   const Int32 destination_;
   std::optional<Answer> subDirectoryAnswer_;
@@ -205,22 +218,22 @@ class Mover {
 // false.
 template <class Act>
 void eachSelectedFile(const FlexGridModel& grid, Int32 side, Act act) {
-  const Int32 last = std::max(grid.row(), grid.rowSel());
-  for (Int32 line = std::min(grid.row(), grid.rowSel()); line <= last; ++line) {
+  const RowArea lines = selectedRows(grid);
+  for (Int32 line = lines.firstRow; line <= lines.lastRow; ++line) {
     const Int32 file = fileAt(line, side);
     if (file != 0 && !act(file)) return;
   }
 }
 
+// What the disk doesn't delete leaves the list all the same; what must not be deleted stays there.
 void deleteIfWanted(DirMatchControls& form, Int32 file) {
-  const FilePath path{directoryOf(file), nameOf(file)};
-  Look look;
-  ignoringFailure([&] { look = lookAt(path.whole()); });
+  const std::string path = pathOnDisk(file);
   const Answer answer =
-      dialogs().messageBox("Are you sure you want to delete the file: " + newItem + path.whole(),
+      dialogs().messageBox("Are you sure you want to delete the file: " + newItem + path,
                            Buttons::yesNo, "Delete file", Icon::none);
   if (answer != Answer::yes) return;
-  ignoringFailure([&] { remove(path, look); });
+  const Deletion deletion = deleteWalkedFile(file);
+  if (deletion.outcome == Deletion::Outcome::refused) return showUndeleted(path, deletion.reason);
   FileTable.FileStatus[statusState][file] = fileState::deleted;
   basProcessFiles(form);
 }
@@ -238,18 +251,20 @@ void cmdDelete_Click(DirMatchControls& form, Int32 side) {
 
 // The name in the box is one that it has always had.
 void cmdMove_Click(DirMatchControls& form, Int32 side) {
-  procedure("lstFileExtensions_DblClick", [&] {
-    Mover mover(side);
-    eachSelectedFile(form.griddir(), side, [&](Int32 file) { return mover.move(file); });
-    basProcessFiles(form);
-  });
+  procedureGoingOn(
+      "lstFileExtensions_DblClick",
+      [&] {
+        Mover mover(side);
+        eachSelectedFile(form.griddir(), side, [&](Int32 file) { return mover.move(file); });
+      },
+      [&] { basProcessFiles(form); });
 }
 
 void cmdOpen_Click(DirMatchControls& form, Int32 side) {
   procedure("cmdOpen_Click", [&] {
     const Int32 file = fileAt(form.griddir().row(), side);
     if (file == 0) return dialogs().beep();
-    const std::string path = directoryOf(file) + "\\" + nameOf(file);
+    const std::string path = pathOnDisk(file);
     const std::string result = basShellOpen(path, ShowMode::byDefault, "", "", "open", form.hWnd());
     if (result == "NOASSOC")
       dialogs().messageBox("This file has no associated application");

@@ -1,5 +1,8 @@
 #include "dirmatch/dirMatchActions.h"
 
+#include <utility>
+
+#include "detect/refinement.h"
 #include "dirmatch/dirMatchTest.h"
 
 namespace quernstoke {
@@ -29,7 +32,7 @@ class DirMatchActionsTest : public DirMatchTest {
   }
   std::string content(const std::string& path) const { return disk.content("C:\\" + path); }
   std::string lastMessage() const { return dialogBoxes.messages.back(); }
-  // Groups of one file each on the left, named so, in one group with the first.
+  // Files of these names in a directory on the left, in one group with a file on the right.
   void showOnTheLeft(const std::vector<std::string>& names, const std::string& directory) {
     std::vector<CatalogueFile> files;
     for (const std::string& name : names)
@@ -132,6 +135,51 @@ TEST_F(DirMatchActionsTest, TitlesAndLinesOutsideTheMapArePassedOver) {
   EXPECT_THAT(dialogBoxes.answers, IsEmpty());
 }
 
+// Deletions that must not be.
+
+TEST_F(DirMatchActionsTest, FileThatHasChangedSinceTheScanIsNotDeleted) {
+  for (const auto& [changed, date] : {std::pair("longer", DateTime{}), {"a", DateTime{7}}}) {
+    show({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
+    disk.file("C:\\left\\a", changed, date);
+    deleteRows(1, 1, left, {Answer::yes});
+    EXPECT_EQ(lastMessage(),
+              "Unable to delete file C:\\left\\a\r\nReason: The file has changed since the scan");
+    EXPECT_EQ(content("left\\a"), changed);
+    EXPECT_EQ(stateOf(1), fileState::normal);
+    EXPECT_THAT(lines(), ElementsAre("a | b"));
+  }
+}
+
+TEST_F(DirMatchActionsTest, FileThatBothSidesLeadToIsNotDeleted) {
+  disk.mountAgain("C:\\left", "D:");
+  for (const int match : {0, noMatch}) {
+    build({{"a", "C:\\left", 1, match}, {"a", "D:", 1, match}});
+    choose("C:\\left", "D:");
+    form.showAll = true;
+    basProcessFiles(form);
+    deleteRows(1, 1, left, {Answer::yes});
+    EXPECT_EQ(lastMessage(),
+              "Unable to delete file C:\\left\\a\r\nReason: It is the same file as D:\\a");
+    deleteRows(1, 1, right, {Answer::yes});
+    EXPECT_EQ(lastMessage(),
+              "Unable to delete file D:\\a\r\nReason: It is the same file as C:\\left\\a");
+    EXPECT_TRUE(onDisk("left\\a"));
+    EXPECT_THAT(lines(), ElementsAre("a | a"));
+  }
+}
+
+// The list takes it for deleted, and what is shown on the other side for the copy that is left.
+TEST_F(DirMatchActionsTest, RowOfAFileThatCouldNotBeDeletedStillCounts) {
+  disk.mountAgain("C:\\left", "D:");
+  build({{"a", "C:\\left", 1, 0}, {"a", "D:", 1, 0}});
+  choose("C:\\left", "D:");
+  FileTable.FileStatus[statusState][1] = fileState::deleted;
+  basProcessFiles(form);
+  deleteRows(1, 1, right, {Answer::yes});
+  EXPECT_TRUE(onDisk("left\\a"));
+  EXPECT_THAT(lines(), ElementsAre(" | a"));
+}
+
 // What has taken its place since is another file.
 TEST_F(DirMatchActionsTest, FileOfAnotherCaseIsNotDeleted) {
   show({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
@@ -157,6 +205,29 @@ TEST_F(DirMatchActionsTest, FileMovesToTheOtherDirectory) {
   EXPECT_EQ(directoryOf(1), "C:\\right");
   EXPECT_EQ(stateOf(1), fileState::normal);
   EXPECT_THAT(lines(), ElementsAre(" | a", " | b"));
+}
+
+TEST_F(DirMatchActionsTest, DateBecomesThatOfADiskOfCoarseDates) {
+  build({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
+  disk.file("C:\\left\\a", "a", DateTime{1001});
+  FileTable.FileDate[1] = DateTime{1001};
+  basProcessFiles(form);
+  disk.dateStep = 2;
+  moveRows(1, 1, left, {Answer::yes});
+  EXPECT_EQ(FileTable.FileDate[1], DateTime{1000});
+  deleteRows(1, 1, right, {Answer::yes});
+  EXPECT_FALSE(onDisk("right\\a"));
+}
+
+// It is not what the scan compared, and later deletions are to know.
+TEST_F(DirMatchActionsTest, FileThatChangedBeforeItsMoveStillCountsAsChanged) {
+  show({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
+  disk.file("C:\\left\\a", "x", DateTime{1000});
+  moveRows(1, 1, left, {Answer::yes});
+  EXPECT_EQ(content("right\\a"), "x");
+  EXPECT_EQ(FileTable.FileDate[1], DateTime{});
+  deleteRows(1, 1, right, {Answer::yes});
+  EXPECT_EQ(content("right\\a"), "x");
 }
 
 TEST_F(DirMatchActionsTest, FileMovesFromRightToLeft) {
@@ -250,6 +321,23 @@ TEST_F(DirMatchActionsTest, SubDirectoryOfAnotherCaseKeepsItsRow) {
   EXPECT_TRUE(onDisk("right\\SUB\\a"));
 }
 
+TEST_F(DirMatchActionsTest, NewSubDirectoryLiesBelowThoseOfAnotherCase) {
+  show({{"a", "C:\\left\\s\\t\\u", 1, 0}, {"b", "C:\\right\\S", 1, 0}});
+  moveRows(1, 1, left, {Answer::yes});
+  EXPECT_EQ(directoryOf(1), "C:\\right\\S\\t\\u");
+  EXPECT_TRUE(onDisk("right\\S\\t\\u\\a"));
+  EXPECT_THAT(lines(), ElementsAre(" | S\\t\\u/a", " | S/b"));
+}
+
+TEST_F(DirMatchActionsTest, DirectoryThatCannotBeLookedAtIsTold) {
+  show({{"a", "C:\\left\\sub", 1, 0}, {"b", "C:\\right", 1, 0}});
+  disk.failOn(DiskAction::nameOnDisk, "C:\\right\\sub", FailureNumber::deviceError);
+  moveRows(1, 1, left, {Answer::yes});
+  EXPECT_EQ(lastMessage(),
+            "Procedure error in 'lstFileExtensions_DblClick'.  Reason: Device I/O error(57).");
+  EXPECT_TRUE(onDisk("left\\sub\\a"));
+}
+
 TEST_F(DirMatchActionsTest, SubDirectoryThatNoScanHasEnteredGetsARow) {
   show({{"a", "C:\\left\\sub", 1, 0}, {"b", "C:\\right", 1, 0}});
   disk.directory("C:\\right\\sub");
@@ -335,9 +423,30 @@ TEST_F(DirMatchActionsTest, FileOfAScanLeavesItsNewDirectoryAsItIs) {
 TEST_F(DirMatchActionsTest, FileOfADirectoryBesideIsNotFound) {
   show({{"a", "C:\\left2\\x", 1, 0}, {"b", "C:\\right", 1, 0}});
   moveRows(1, 1, left, {Answer::no});
-  EXPECT_EQ(lastMessage(), "Move of file 'a' has failed.\r\nReason: Path not found");
+  EXPECT_EQ(lastMessage(), "Move of file 'a' has failed.\r\nReason: File not found");
   EXPECT_EQ(content("left2\\x\\a"), contentOf("a"));
   EXPECT_EQ(directoryOf(1), "C:\\left2\\x");
+}
+
+// That of the same name, in the directory where the other one is looked for, is nobody's to move.
+TEST_F(DirMatchActionsTest, StrangerIsNotMovedForAFileOfADirectoryBeside) {
+  show({{"a", "C:\\left2\\x", 1, 0}, {"b", "C:\\right", 1, 0}});
+  disk.file("C:\\left\\2\\x\\a", "stranger");
+  moveRows(1, 1, left, {Answer::no});
+  EXPECT_EQ(lastMessage(), "Move of file 'a' has failed.\r\nReason: File not found");
+  EXPECT_EQ(content("left\\2\\x\\a"), "stranger");
+  EXPECT_FALSE(onDisk("right\\a"));
+  EXPECT_EQ(directoryOf(1), "C:\\left2\\x");
+}
+
+// The name of a drive has no final backslash, so the rule above must not take it for a neighbour.
+TEST_F(DirMatchActionsTest, FileOfADirectoryBelowADriveMoves) {
+  show({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}, {"c", "C:", 1, 0}});
+  choose("C:", "C:\\right");
+  basProcessFiles(form);
+  moveRows(1, 1, left, {Answer::no});
+  EXPECT_EQ(content("right\\a"), contentOf("a"));
+  EXPECT_EQ(directoryOf(1), "C:\\right");
 }
 
 // Moves that fail.
@@ -373,7 +482,7 @@ TEST_F(DirMatchActionsTest, FailedMoveGoesOnWithTheNextFile) {
 
 TEST_F(DirMatchActionsTest, FileLargerThanTheFreeSpaceStays) {
   show({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
-  disk.freeBytes = 3;
+  disk.freeBytes = 0;
   moveRows(1, 1, left, {Answer::yes});
   EXPECT_EQ(lastMessage(), "Move of file 'a' has failed.\r\nReason: Disk full");
   EXPECT_TRUE(onDisk("left\\a"));
@@ -452,6 +561,102 @@ TEST_F(DirMatchActionsTest, CopyStaysWhenTheOriginalIsNotToBeSeen) {
   EXPECT_EQ(lastMessage(),
             "Unable to delete original file. Move aborted!. Reason: Device I/O error");
   EXPECT_EQ(content("right\\a"), contentOf("a"));
+}
+
+// Another file has taken its place, of a name that is found for the original's.
+TEST_F(DirMatchActionsTest, CopyStaysWhenOnlyAFileOfAnotherCaseIsToBeSeen) {
+  show({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
+  bool done = false;
+  disk.before = [&](const DiskCall& call) {
+    if (call.action != DiskAction::remove || std::exchange(done, true)) return;
+    disk.erase("C:\\left\\a");
+    disk.file("C:\\left\\A", "another");
+    fail(FailureNumber::deviceError);
+  };
+  moveRows(1, 1, left, {Answer::yes});
+  EXPECT_EQ(lastMessage(),
+            "Unable to delete original file. Move aborted!. Reason: Device I/O error");
+  EXPECT_EQ(content("right\\a"), contentOf("a"));
+  EXPECT_EQ(content("left\\A"), "another");
+}
+
+TEST_F(DirMatchActionsTest, CopyStaysWhenAnotherFileHasTakenTheOriginalsPlace) {
+  show({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
+  bool done = false;
+  disk.before = [&](const DiskCall& call) {
+    if (call.action != DiskAction::remove || std::exchange(done, true)) return;
+    disk.erase("C:\\left\\a");
+    disk.file("C:\\left\\a", contentOf("a"));
+    fail(FailureNumber::deviceError);
+  };
+  moveRows(1, 1, left, {Answer::yes});
+  EXPECT_TRUE(onDisk("left\\a"));
+  EXPECT_TRUE(onDisk("right\\a"));
+}
+
+// What is new in it is in no copy. The change may be of the same size and in the same second.
+TEST_F(DirMatchActionsTest, OriginalThatChangesAfterItsCopyStays) {
+  const std::pair<std::string, DateTime> changes[] = {
+      {"longer", {}}, {"x", DateTime{7}}, {"x", {}}, {contentOf("a"), {}}};
+  for (const auto& [changed, date] : changes) {
+    SCOPED_TRACE(changed);
+    show({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
+    disk.before = [&](const DiskCall& call) {
+      if (call.action == DiskAction::remove) disk.file("C:\\left\\a", changed, date);
+    };
+    moveRows(1, 1, left, {Answer::yes});
+    disk.before = nullptr;
+    EXPECT_EQ(lastMessage(),
+              "Unable to delete original file. Move aborted!. Reason: The file has changed since "
+              "the scan");
+    EXPECT_EQ(content("left\\a"), changed);
+    EXPECT_EQ(content("right\\a"), contentOf("a"));
+    EXPECT_EQ(directoryOf(1), "C:\\left");
+    disk.erase("C:\\right\\a");
+  }
+}
+
+TEST_F(DirMatchActionsTest, CopyThatIsNotAtItsPlaceIsNone) {
+  show({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
+  disk.before = [&](const DiskCall& call) {
+    if (call.action == DiskAction::look) disk.rename("C:\\right", "C:\\trash");
+  };
+  moveRows(1, 1, left, {Answer::yes});
+  EXPECT_EQ(lastMessage(), "Move of file 'a' has failed.\r\nReason: Path not found");
+  EXPECT_EQ(content("left\\a"), contentOf("a"));
+  EXPECT_EQ(directoryOf(1), "C:\\left");
+}
+
+TEST_F(DirMatchActionsTest, OtherFileAtTheCopysPlaceIsNoCopy) {
+  show({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
+  disk.before = [&](const DiskCall& call) {
+    if (call.action != DiskAction::look) return;
+    disk.rename("C:\\right\\a", "C:\\right\\mine");
+    disk.file("C:\\right\\a", contentOf("a"));
+  };
+  moveRows(1, 1, left, {Answer::yes});
+  EXPECT_EQ(lastMessage(), "Move of file 'a' has failed.\r\nReason: File not found");
+  EXPECT_TRUE(onDisk("left\\a"));
+  EXPECT_EQ(directoryOf(1), "C:\\left");
+}
+
+TEST_F(DirMatchActionsTest, FilesBelowNoDirectoryOfTheProfileAreNeitherMovedNorDeleted) {
+  show({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
+  DirTable.setParent(DirMatchDir1, DirMatchDir1);
+  moveRows(1, 1, left, {Answer::yes});
+  EXPECT_EQ(lastMessage(), "Move of file 'a' has failed.\r\nReason: Path not found");
+  deleteRows(1, 1, left, {Answer::yes});
+  EXPECT_EQ(content("left\\a"), contentOf("a"));
+  EXPECT_FALSE(onDisk("right\\a"));
+}
+
+TEST_F(DirMatchActionsTest, FailureInTheMidstOfAMoveShowsWhatWasMoved) {
+  showOnTheLeft({"a", "b", "c"}, "C:\\left");
+  for (const char* path : {"C:\\left\\b", "C:\\right\\b"})
+    disk.failOn(DiskAction::remove, path, FailureNumber::permissionDenied);
+  moveRows(1, 3, left, {Answer::yes, Answer::yes, Answer::yes});
+  EXPECT_THAT(lastMessage(), testing::StartsWith("Procedure error in"));
+  EXPECT_THAT(lines(), ElementsAre("b | a", "c | z"));
 }
 
 // Whichever call to the disk fails.

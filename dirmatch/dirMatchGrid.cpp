@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 
-#include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
 #include "catalogue/fullFilePath.h"
 #include "controls/flexGridModel.h"
@@ -31,14 +30,6 @@ std::size_t indexOf(Int32 side) {
   return static_cast<std::size_t>(side.raw());
 }
 
-// Where a file's directory lies below that of its side.
-std::string subDirectoryOf(const DirMatchRow& row) {
-  std::string name = DirTable[row.directory].name;
-  name.erase(0, DirMatchBase[indexOf(row.side)].size());
-  if (name.starts_with('/') || name.starts_with('\\')) name.erase(0, 1);
-  return name;
-}
-
 class GridFiller {
  public:
   explicit GridFiller(FlexGridModel& grid) : grid_(grid) {}
@@ -64,7 +55,8 @@ class GridFiller {
 
   void makeRoom(Int32 line) {
     if (line >= grid_.rows()) grid_.setRows(line + gridGrowth);
-    if (line > DirMatchGridMap.upperBound()) DirMatchGridMap.redim(line + mapGrowth, true);
+    const Int32 bound = DirMatchGridMap.upperBound();
+    if (line > bound) DirMatchGridMap.redim(bound + mapGrowth, true);
   }
 
   void colour(Int32 line, Int32 col, Colour back, Colour fore) {
@@ -85,10 +77,10 @@ class GridFiller {
   }
 
   void showFile(Int32 line, const DirMatchRow& row) {
-    const std::string texts[] = {std::string(FileTable.FileName[row.file]), subDirectoryOf(row),
-                                 toText(FileTable.FileSize[row.file]),
-                                 userLocale().shortDate(FileTable.FileDate[row.file]),
-                                 toText(row.countInBoth) + "(" + toText(row.countInGroup) + ")"};
+    const std::string texts[] = {
+        std::string(FileTable.FileName[row.file]), subDirectoryOf(row.directory, row.side),
+        toText(FileTable.FileSize[row.file]), userLocale().shortDate(FileTable.FileDate[row.file]),
+        toText(row.countInBoth) + "(" + toText(row.countInGroup) + ")"};
     Int32 col = columnOfSide(row.side, dirMatchColumn::name);
     for (const std::string& text : texts) {
       colour(line, col, row.group == noGroup ? grey : white, black);

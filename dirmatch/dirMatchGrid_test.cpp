@@ -196,6 +196,14 @@ TEST_F(DirMatchGridTest, TwentyThousandFilesAreShown) {
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
+TEST_F(DirMatchGridTest, MapGrowsByTheThousands) {
+  show(std::vector<CatalogueFile>(2048, {"a", "C:\\left", 1, 0}));
+  EXPECT_EQ(DirMatchGridMap.upperBound(), 2048);
+  show(std::vector<CatalogueFile>(2049, {"a", "C:\\left", 1, 0}));
+  EXPECT_EQ(DirMatchGridMap.upperBound(), 4096);
+  EXPECT_EQ(entries(2049), std::pair(2049, 0));
+}
+
 // The widths.
 
 TEST_F(DirMatchGridTest, FixedColumnsAreAsWideAsTheirSamples) {

@@ -4,6 +4,7 @@
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
+#include "catalogue/walkedFiles.h"
 #include "core/procedure.h"
 #include "detect/modSort.h"
 #include "detect/refinement.h"
@@ -20,19 +21,19 @@ namespace {
 
 constexpr int growth = 4096;
 
-const std::string& directoryOf(Int32 file) {
-  return DirTable[FileTable.FileDirNum[file]].name;
-}
-
 bool isDeleted(Int32 file) {
   return FileTable.FileStatus[statusState][file] == fileState::deleted;
 }
 
+// A file whose directory the list has lost lies nowhere.
+bool isBelow(Int32 file, const std::string& base) {
+  return isListedDirectory(FileTable.FileDirNum[file]) && directoryOf(file).name.starts_with(base);
+}
+
 // The right side wins.
 Int32 sideOf(Int32 file) {
-  const std::string& directory = directoryOf(file);
-  if (directory.starts_with(DirMatchBase[dirMatchSide::right])) return dirMatchSide::right;
-  if (directory.starts_with(DirMatchBase[dirMatchSide::left])) return dirMatchSide::left;
+  for (const int side : {dirMatchSide::right, dirMatchSide::left})
+    if (isBelow(file, DirMatchBase[static_cast<std::size_t>(side)])) return side;
   return dirMatchSide::none;
 }
 
@@ -42,7 +43,7 @@ Int32 countInBoth(const MatchGroup& group) {
   for (Int32 file = group.first; file < group.first + group.count; ++file) {
     if (isDeleted(file)) continue;
     for (const std::string& base : DirMatchBase)
-      if (directoryOf(file).starts_with(base)) ++count;
+      if (isBelow(file, base)) ++count;
   }
   return count;
 }
@@ -70,6 +71,13 @@ void addGroup(Int32 number) {
 }
 
 }  // namespace
+
+std::string subDirectoryOf(Int32 directory, Int32 side) {
+  std::string name = listedDirectory(directory).name;
+  name.erase(0, DirMatchBase[static_cast<std::size_t>(side.raw())].size());
+  if (name.starts_with('/') || name.starts_with('\\')) name.erase(0, 1);
+  return name;
+}
 
 void basLoadFilesIntoArray(bool showAll, Int32& firstLoose) {
   procedure("basLoadFilesIntoArray", [&] {

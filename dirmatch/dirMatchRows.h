@@ -44,6 +44,10 @@ constexpr int nothing = 0;
 constexpr int separator = -1;
 }  // namespace dirMatchEntry
 
+// Where a directory, a row of DirTable, lies below that of a side. Fails with a subscript out of
+// range for one that does not belong to the list.
+std::string subDirectoryOf(Int32 directory, Int32 side);
+
 // Lists the files of all groups that lie below the directories, a file below both on the right, and
 // with `showAll` also the files that the catalogue has behind its groups. `firstLoose` becomes the
 // row from which on these stand, or -1 where there can be none. Deleted files are left out.

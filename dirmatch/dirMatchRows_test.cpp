@@ -85,6 +85,17 @@ TEST_F(DirMatchRowsTest, DeletedFilesAreNeitherListedNorCountedInBoth) {
   EXPECT_THAT(rows(), ElementsAre("a left 2(3)", "c right 2(3)"));
 }
 
+// As after a damaged list.
+TEST_F(DirMatchRowsTest, FilesWithoutADirectoryAreNeitherListedNorCountedInBoth) {
+  build({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}, {"c", "C:\\right", 1, 0}});
+  for (const Int32 row : {Int32(-1), Int32(0), DirCount + 1, Int32(99999)}) {
+    FileTable.FileDirNum[2] = row;
+    load();
+    EXPECT_THAT(rows(), ElementsAre("a left 2(3)", "c right 2(3)"));
+  }
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
 TEST_F(DirMatchRowsTest, UnreadableFilesAreListed) {
   build({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
   FileTable.FileStatus[statusState][2] = fileState::unreadable;

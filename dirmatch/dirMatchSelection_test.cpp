@@ -78,6 +78,21 @@ TEST_F(DirMatchSelectionTest, ClickOnASeparatorTellsAboutTheFileBelow) {
   EXPECT_EQ(form.texts["labFileName"], "d");
 }
 
+TEST_F(DirMatchSelectionTest, ClickOnASeparatorWithNothingBelowAsksForAFile) {
+  show({{"a", "C:\\left", 1, 0},
+        {"b", "C:\\right", 1, 0},
+        {"c", "C:\\right", 1, 1},
+        {"d", "C:\\right", 1, 1}});
+  ASSERT_THAT(lines(), ElementsAre("a | b", "--", " | c", " | d"));
+  clickCell(1, 0);
+  clickCell(2, 0);
+  EXPECT_THAT(form.visible, ElementsAre("labFileDetailsMessage_1"));
+  EXPECT_EQ(form.texts["labFileName"], "a");
+  EXPECT_THAT(form.enabled, IsEmpty());
+  clickCell(2, 6);
+  EXPECT_EQ(form.texts["labFileName"], "c");
+}
+
 TEST_F(DirMatchSelectionTest, ClickOnTheTitlesOrOutsideTheMapDoesNothing) {
   showTwoGroups();
   select(0, 0, 3);

@@ -37,12 +37,19 @@ class DirMatchTest : public EngineTest {
       if (FileTable.FileStatus[statusMatch][file] == noMatch)
         FileTable.FileStatus[statusTemporary][file] = 1;
     for (const CatalogueFile& file : files)
-      disk.file(file.directory + "\\" + file.name, contentOf(file.name));
+      disk.file(file.directory + "\\" + file.name, contentOf(file.name, file.size));
     basSetupMatchGroupInfo("MATCHNUM", 0);
     RunState = runState::finished;
     choose("C:\\left", "C:\\right");
   }
-  static std::string contentOf(const std::string& name) { return "content of " + name; }
+  // As long as the catalogue has the file, and another one for each name.
+  static std::string contentOf(const std::string& name, int size = 1) {
+    std::string content;
+    while (content.size() < static_cast<std::size_t>(size))
+      content += name;
+    content.resize(static_cast<std::size_t>(size));
+    return content;
+  }
   static void choose(const std::string& left, const std::string& right) {
     DirMatchDir1 = basFindDirInList(left);
     DirMatchDir2 = basFindDirInList(right);

@@ -60,7 +60,7 @@ void frmDirMatch::connectControls() {
   };
   using Action = void (*)(DirMatchControls&, Int32);
   const auto onSide = [&](QPushButton* button, Action action, int side) {
-    onClick(button, [this, action, side] { action(*this, side); });
+    onClick(button, [this, action, side] { keepingTheRows([&] { action(*this, side); }); });
   };
   onSide(ui_->cmdDelete_0, cmdDelete_Click, dirMatchSide::left);
   onSide(ui_->cmdDelete_1, cmdDelete_Click, dirMatchSide::right);
@@ -68,7 +68,7 @@ void frmDirMatch::connectControls() {
   onSide(ui_->cmdMove_1, cmdMove_Click, dirMatchSide::right);
   onSide(ui_->cmdOpen_0, cmdOpen_Click, dirMatchSide::left);
   onSide(ui_->cmdOpen_1, cmdOpen_Click, dirMatchSide::right);
-  onClick(ui_->chkShowAll, [this] { basProcessFiles(*this); });
+  onClick(ui_->chkShowAll, [this] { chkShowAll_Click(); });
   onClick(ui_->cmdClose, [this] { unload(); });
   connect(ui_->griddir, &FlexGrid::click, this, &frmDirMatch::selectByMouse);
   connect(ui_->griddir, &FlexGrid::keyUp, this, &frmDirMatch::selectByKey);
@@ -77,7 +77,7 @@ void frmDirMatch::connectControls() {
 // The name in the box is one that it has always had.
 void frmDirMatch::Form_Load() {
   procedure("lstFileExtensions_DblClick", [this] {
-    DirMatchBase = {DirTable[DirMatchDir1].name, DirTable[DirMatchDir2].name};
+    DirMatchBase = {listedDirectory(DirMatchDir1).name, listedDirectory(DirMatchDir2).name};
     showDirMatchBases(*this);
     griddir().setFormatString(dirMatchTitles);
     basProcessFiles(*this);
@@ -100,16 +100,38 @@ void frmDirMatch::Form_Resize() {
   });
 }
 
+bool frmDirMatch::Form_QueryUnload(UnloadCause /*cause*/) {
+  return !rowsAreKept_;
+}
+
 void frmDirMatch::Form_Unload() {
   procedure("Form_Unload", [this] { FilePointerArray.swap(filePointersBefore_); });
 }
 
+// Runs what counts on the rows staying as they are while it shows a message, which holds off mouse
+// and keyboard, but neither the desktop nor who works the controls in other ways.
+template <class Command>
+void frmDirMatch::keepingTheRows(Command command) {
+  if (rowsAreKept_) return;
+  rowsAreKept_ = true;
+  command();
+  rowsAreKept_ = false;
+}
+
+// The command that is at work would else fill the grid with what has just been ticked.
+void frmDirMatch::chkShowAll_Click() {
+  if (rowsAreKept_) return ui_->chkShowAll->toggle();
+  basProcessFiles(*this);
+}
+
 void frmDirMatch::selectByMouse() {
+  if (rowsAreKept_) return;
   griddir_Click(*this);
   selectedCol_ = griddir().col();
 }
 
 void frmDirMatch::selectByKey() {
+  if (rowsAreKept_) return;
   griddir_KeyUp(*this, selectedCol_);
   selectedCol_ = griddir().col();
 }

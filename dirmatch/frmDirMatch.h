@@ -29,6 +29,7 @@ class frmDirMatch : public Form, private DirMatchControls {
   void Form_Load() override;
   void Form_Activate() override;
   void Form_Resize() override;
+  bool Form_QueryUnload(UnloadCause cause) override;
   void Form_Unload() override;
 
  private:
@@ -45,6 +46,9 @@ class frmDirMatch : public Form, private DirMatchControls {
   std::intptr_t hWnd() const override;
 
   void connectControls();
+  template <class Command>
+  void keepingTheRows(Command command);
+  void chkShowAll_Click();
   void selectByMouse();
   void selectByKey();
   void basPositionFormObjects();
@@ -55,6 +59,7 @@ class frmDirMatch : public Form, private DirMatchControls {
   Table<Int32> filePointersBefore_;
   Int32 selectedCol_;  // The first one of the selection, as the last click or key has left it.
   bool firstActivation_ = false;
+  bool rowsAreKept_ = false;  // By a command that may be showing a message.
 };
 
 }  // namespace quernstoke::forms

@@ -7,7 +7,9 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTimer>
+#include <functional>
 #include <stdexcept>
+#include <utility>
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
@@ -15,6 +17,7 @@
 #include "core/scanState.h"
 #include "detect/refinement.h"
 #include "dirmatch/dirMatchRows.h"
+#include "platform/platform.h"
 #include "results/matchGroupIndex.h"
 #include "testing/engineTest.h"
 #include "testing/qt/input.h"
@@ -38,7 +41,8 @@ class DirMatchWindow : public EngineTest {
             const std::string& right = "C:\\right") {
     buildCatalogue(files);
     for (const CatalogueFile& file : files)
-      disk.file(file.directory + "\\" + file.name, "x");
+      disk.file(file.directory + "\\" + file.name,
+                std::string(static_cast<std::size_t>(file.size), 'x'));
     basSetupMatchGroupInfo("MATCHNUM", 0);
     RunState = runState::finished;
     DirMatchDir1 = basFindDirInList(left);
@@ -262,6 +266,58 @@ TEST_F(DirMatchWindow, ButtonsActOnTheirSide) {
   EXPECT_EQ(desk.opened.at(1).file, "C:\\left\\b");
 }
 
+// Answers a question, and does something before the first answer.
+class BusyDialogs : public ScriptedDialogs {
+ public:
+  std::function<void()> meanwhile;
+  Answer messageBox(std::string_view text, Buttons shown, std::string_view title,
+                    Icon icon) override {
+    if (const auto now = std::exchange(meanwhile, nullptr)) now();
+    return ScriptedDialogs::messageBox(text, shown, title, icon);
+  }
+};
+
+// What works the controls without mouse and keyboard isn't held off by a question.
+TEST_F(DirMatchWindow, NothingElseIsDoneWhileAQuestionIsUp) {
+  BusyDialogs busy;
+  usePlatform({&disk, &archiveLibrary, &busy, &desk, &eventLoop, &clock, &locale, &mainWindow,
+               &statusWindow, &resultsWindow});
+  const std::pair<const char*, std::function<void()>> deeds[] = {{"cmdDelete_0", [&] { click("cmdDelete_0"); }},
+                                                                 {"cmdDelete_1", [&] { click("cmdDelete_1"); }},
+                                                                 {"cmdMove_0", [&] { click("cmdMove_0"); }},
+                                                                 {"cmdMove_1", [&] { click("cmdMove_1"); }},
+                                                                 {"cmdOpen_0", [&] { click("cmdOpen_0"); }},
+                                                                 {"chkShowAll", [&] { click("chkShowAll"); }},
+                                                                 {"cmdClose", [&] { click("cmdClose"); }},
+                                                                 {"close box", [&] { form_->close(); }},
+                                                                 {"Escape", [&] { press(Qt::Key_Escape); }},
+                                                                 {"grid", [&] { clickCell(4, 8); }},
+                                                                 {"key", [&] { press(Qt::Key_Right); }}};
+  for (const char* command : {"cmdDelete_0", "cmdMove_0"})
+    for (const auto& [name, deed] : deeds) {
+      SCOPED_TRACE(std::string(command) + " and " + name);
+      busy.messages.clear();
+      openTwoGroups();
+      clickCell(1, 0);
+      for (const char* button : {"cmdDelete_1", "cmdMove_1"})
+        control<QWidget>(button).setEnabled(true);
+      busy.meanwhile = deed;
+      busy.answers = {Answer::no};
+      click(command);
+      EXPECT_EQ(busy.messages.size(), 1u);
+      ASSERT_TRUE(isOpen());
+      EXPECT_THAT(lines(), ElementsAre("a|b", "|c", "|", "e|d"));
+      EXPECT_FALSE(control<QCheckBox>("chkShowAll").isChecked());
+      EXPECT_EQ(label("labFileName"), "a");
+      EXPECT_THAT(desk.opened, IsEmpty());
+      click("chkShowAll");
+      EXPECT_THAT(lines(), ElementsAre("a|b", "|c", "|", "e|d", "loose|"));
+      click("cmdClose");
+      EXPECT_FALSE(isOpen());
+      settle();
+    }
+}
+
 TEST_F(DirMatchWindow, NothingIsDeletedOrMovedByEnter) {
   openTwoGroups();
   clickCell(1, 0);
@@ -325,6 +381,15 @@ TEST_F(DirMatchWindow, ColumnsFillTheGridAtEverySize) {
     EXPECT_LE(used, grid().width());
     EXPECT_GE(used, grid().width() - 400);
   }
+}
+
+TEST_F(DirMatchWindow, LaterActivationsLeaveTheColumnsAsTheyAre) {
+  openTwoGroups();
+  grid().setColWidth(0, 777);
+  QEvent activation(QEvent::WindowActivate);
+  QApplication::sendEvent(form_, &activation);
+  settle();
+  EXPECT_EQ(grid().colWidth(0), 777);
 }
 
 TEST_F(DirMatchWindow, RightSideStandsBelowItsDirectory) {

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <string>
@@ -79,6 +80,7 @@ int run(int argc, char** argv) {
 }  // namespace quernstoke
 
 int main(int argc, char** argv) {
+  std::signal(SIGXFSZ, SIG_IGN);  // A file that may not become so long is an error of writing.
   // The toolkit gets no option of the command line.
   int toolkitArguments = 1;
   const QApplication application(toolkitArguments, argv);

@@ -30,6 +30,10 @@ struct Failure : std::exception {
 
   const char* what() const noexcept override { return description.c_str(); }
   bool is(FailureNumber which) const { return number == static_cast<int>(which); }
+  // Whether there is nothing under the path.
+  bool isAbsent() const {
+    return is(FailureNumber::fileNotFound) || is(FailureNumber::pathNotFound);
+  }
 
   int number;
   std::string description;  // The customary English words for the number.

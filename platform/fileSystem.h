@@ -1,9 +1,11 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "platform/dateTime.h"
@@ -53,6 +55,24 @@ struct WalkedFile {
   DateTime modified;
 };
 
+// A regular file as a look has seen it. Two looks that are equal saw one file, and nothing was done
+// to it between them, as far as the disk can tell.
+struct SeenFile {
+  std::int64_t size = 0;
+  DateTime modified;
+  // What these hold is the disk's own affair.
+  std::array<std::int64_t, 2> identity{};  // Which file it is.
+  std::array<std::int64_t, 4> changes{};   // When it was changed, as finely as is known.
+
+  friend bool operator==(const SeenFile&, const SeenFile&) = default;
+};
+
+// A file and its copy, as they were when the copy was complete.
+struct WalkedCopy {
+  SeenFile original;
+  SeenFile copy;
+};
+
 // An open file: 1 upward. 0 stands for "none" and is never given out.
 using FileNumber = std::int16_t;
 
@@ -77,18 +97,30 @@ class FileSystem {
   virtual DateTime modified(std::string_view path) = 0;
   // Removes a file, or a link itself; no directory, and no file with the read-only bit.
   virtual void remove(std::string_view path) = 0;
-  // Removes it, also with the read-only bit. Behind the root the names are taken as they are
-  // written and lead through no link: what else stands there now, be it under another letter case,
-  // counts as not there. A regular file of another size or date has changed.
+  // The last component as the disk spells it: as it is written or, failing that, the first name
+  // there that differs in letter case only.
+  virtual std::string nameOnDisk(std::string_view path) = 0;
+
+  // Files that a walk has come upon. Behind the root the names are taken as they are written and
+  // lead through no link: what else stands there now, be it under another letter case, counts as
+  // not there.
+
+  virtual SeenFile lookWalked(std::string_view path, std::string_view root) = 0;
+  // Removes it, also with the read-only bit. A file of another size or date has changed.
   virtual void removeWalked(const WalkedFile& file) = 0;
+  // The same. A file that isn't as it was seen, or another one in its place, has changed.
+  virtual void removeSeen(std::string_view path, std::string_view root, const SeenFile& seen) = 0;
+  // Copies it to a path at which there is nothing, in any letter case, with its date and its
+  // permissions as far as the disk there keeps them. When it returns, the copy has reached the
+  // disk, and so have the directories on the way to it, as far up as they are of that disk; when it
+  // fails, nothing is left at that path. A file that changes meanwhile has changed.
+  virtual WalkedCopy copyWalked(std::string_view path, std::string_view root,
+                                std::string_view to) = 0;
   // Whether two paths lead to one and the same name of a file, as they do when a directory is
   // mounted twice or reached by a link. Hard links are names of their own: with more than one, the
-  // paths count as different. So they do if either leads nowhere.
+  // paths count as different. So they do if either leads nowhere; fails where that can't be told.
   virtual bool isSameFile(std::string_view path, std::string_view other) = 0;
-  // Copies such a file to a path at which there is nothing, in any letter case, with its date and
-  // its permissions as far as the disk there keeps them. When it returns, the copy has reached the
-  // disk; when it fails, nothing is left at that path. A file that changes meanwhile fails.
-  virtual void copyWalked(std::string_view path, std::string_view root, std::string_view to) = 0;
+
   virtual void rename(std::string_view from, std::string_view to) = 0;  // Never over a file.
 
   // Positions count bytes from 0. Reading and writing move the file's position on.

@@ -1,13 +1,12 @@
 #include "results/fileActions.h"
 
-#include <algorithm>
 #include <optional>
 #include <string>
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
 #include "catalogue/modUnzip.h"
-#include "catalogue/walkRoot.h"
+#include "catalogue/walkedFiles.h"
 #include "controls/flexGridModel.h"
 #include "core/modMain.h"
 #include "core/probes.h"
@@ -17,7 +16,6 @@
 #include "detect/tempStore.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
-#include "platform/fileSystem.h"
 #include "platform/platform.h"
 #include "results/fileRows.h"
 #include "results/gridPaging.h"
@@ -29,86 +27,6 @@
 namespace quernstoke {
 
 namespace {
-
-const DirRow& directoryOf(Int32 file) {
-  return listedDirectory(FileTable.FileDirNum[file]);
-}
-
-bool isInZip(const DirRow& directory) {
-  return directory.kind == dirKind::zipFolder;
-}
-
-std::string pathOnDisk(Int32 file) {
-  return directoryOf(file).name + "\\" + std::string(FileTable.FileName[file]);
-}
-
-bool isNotThere(const Failure& failure) {
-  return failure.is(FailureNumber::fileNotFound) || failure.is(FailureNumber::pathNotFound);
-}
-
-// Removes the file. Returns whether it was there.
-bool removeFromDisk(Int32 file, const std::string& path) {
-  const std::optional<std::string_view> root = walkRootOf(directoryOf(file).name);
-  if (!root) return false;
-  try {
-    files().removeWalked({path, *root, FileTable.FileSize[file].raw(), FileTable.FileDate[file]});
-    return true;
-  } catch (const Failure& failure) {
-    if (isNotThere(failure)) return false;
-    throw;
-  }
-}
-
-bool livesOnDisk(Int32 file) {
-  return FileTable.FileStatus[statusState][file] != fileState::deleted &&
-         isListedDirectory(FileTable.FileDirNum[file]) && !isInZip(directoryOf(file));
-}
-
-bool holds(std::string_view directory, std::string_view name) {
-  constexpr int anything =
-      attributeReadOnly | attributeHidden | attributeSystem | attributeDirectory | attributeArchive;
-  const auto listing = files().list(directory, anything);
-  while (listing->next())
-    if (listing->name() == name) return true;
-  return false;
-}
-
-// Whether the file stands under the very names that the walk came upon. What can't be told counts
-// as standing.
-bool standsAsWalked(Int32 file) {
-  const std::optional<std::string_view> root = walkRootOf(directoryOf(file).name);
-  if (!root) return false;
-  const std::string path = pathOnDisk(file);
-  const std::string_view names = path;
-  try {
-    for (std::size_t at = root->size(); at < names.size();) {
-      const std::size_t end = std::min(names.find('\\', at + 1), names.size());
-      if (!holds(names.substr(0, at), names.substr(at + 1, end - at - 1))) return false;
-      at = end;
-    }
-  } catch (const Failure& failure) {
-    return !isNotThere(failure);
-  }
-  return true;
-}
-
-// A file that two directories of the profile lead to is listed twice, as its own duplicate. Returns
-// its other path, empty if it has none. One that has gone has none either, though its path may
-// still lead to a file whose name differs in letter case.
-std::string otherPathOf(Int32 file, const std::string& path) {
-  const Table<Int32>& matches = FileTable.FileStatus[statusMatch];
-  if (matches[file] < 0) return {};
-  for (Int32 other = 1; other <= FileCount; ++other) {
-    if (other == file || matches[other] != matches[file] || !livesOnDisk(other)) continue;
-    std::string otherPath = pathOnDisk(other);
-    if (files().isSameFile(path, otherPath)) return standsAsWalked(file) ? otherPath : "";
-  }
-  return {};
-}
-
-void showUndeleted(const std::string& path, const std::string& reason) {
-  dialogs().messageBox("Unable to delete file " + path + "\r\nReason: " + reason);
-}
 
 void deleteRow(FlexGridModel& grid, Int32 row) {
   const Int32 file = grid.rowData(row);
@@ -196,19 +114,15 @@ void basDeleteFileFromGrid(Int32 file, bool& deleted) {
   procedure("basDeleteFileFromGrid", [&] {
     deleted = false;
     if (!isListedDirectory(FileTable.FileDirNum[file])) return;
-    if (isInZip(directoryOf(file))) {
+    if (isInZip(file)) {
       dialogs().messageBox("Unable to delete from a zip file");
       return;
     }
     const std::string path = pathOnDisk(file);
     if (!basFileExists(path)) return;
-    const std::string otherPath = otherPathOf(file, path);
-    if (!otherPath.empty()) return showUndeleted(path, "It is the same file as " + otherPath);
-    try {
-      if (!removeFromDisk(file, path)) return;
-    } catch (const Failure& failure) {
-      return showUndeleted(path, failure.description);
-    }
+    const Deletion deletion = deleteWalkedFile(file);
+    if (!deletion.reason.empty()) return showUndeleted(path, deletion.reason);
+    if (deletion.outcome != Deletion::Outcome::done) return;
     FileTable.FileStatus[statusState][file] = fileState::deleted;
     FileTable.FileStatus[statusTick][file] = 0;
     deleted = true;
@@ -235,7 +149,7 @@ void basOpenFile(ResultsControls& form) {
     focusIfVisible(grid);
     const std::optional<Int32> file = onlySelectedFile(grid);
     if (!file) return dialogs().beep();
-    launch(isInZip(directoryOf(*file)) ? localCopyOf(*file) : pathOnDisk(*file));
+    launch(isInZip(*file) ? localCopyOf(*file) : pathOnDisk(*file));
   });
 }
 

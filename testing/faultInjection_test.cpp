@@ -61,6 +61,7 @@ FailureNumber usualFailure(DiskAction action) {
     case DiskAction::entryAttributes:
     case DiskAction::entrySize:
     case DiskAction::entryDate:
+    case DiskAction::nameOnDisk:
       return FailureNumber::fileNotFound;
     case DiskAction::makeDirectory:
     case DiskAction::removeDirectory:
@@ -68,12 +69,14 @@ FailureNumber usualFailure(DiskAction action) {
     case DiskAction::rename:
       return FailureNumber::pathFileAccess;
     case DiskAction::clearAttributes:
+    case DiskAction::look:
     case DiskAction::remove:
     case DiskAction::open:
       return FailureNumber::permissionDenied;
     case DiskAction::attributes:
     case DiskAction::length:
     case DiskAction::modified:
+    case DiskAction::sameFile:
     case DiskAction::nextEntry:
     case DiskAction::read:
     case DiskAction::write:

@@ -14,6 +14,8 @@ struct MemoryFileSystem::Node {
   DateTime modified;
   std::string content;
   std::optional<std::int64_t> pretendedLength;
+  std::int64_t identity = 0;
+  std::int64_t changed = 0;
   std::vector<std::shared_ptr<Node>> children;
 
   int attributes() const { return flags | (isDirectory ? attributeDirectory : attributeArchive); }
@@ -88,8 +90,11 @@ std::string describe(const DiskCall& call) {
                                      "clear attributes of",
                                      "length of",
                                      "date of",
+                                     "look at",
                                      "remove",
                                      "copy",
+                                     "compare the file of",
+                                     "name of",
                                      "rename",
                                      "open",
                                      "read",
@@ -207,10 +212,16 @@ std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::needParent(std::string
   return parent;
 }
 
+void MemoryFileSystem::change(Node& node) {
+  node.changed = ++changes_;
+}
+
 std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::addFile(std::string_view path) {
   const auto parent = needParent(path);
   auto node = std::make_shared<Node>();
   node->name = nameOf(path);
+  node->identity = ++changes_;
+  change(*node);
   parent->children.push_back(node);
   return node;
 }
@@ -221,11 +232,14 @@ void MemoryFileSystem::file(std::string_view path, std::string_view content, Dat
   if (!node) node = addFile(path);
   node->content = content;
   node->modified = modified;
+  change(*node);
 }
 
 void MemoryFileSystem::emptyFileOfLength(std::string_view path, std::int64_t length) {
   file(path, "");
-  find(path)->pretendedLength = length;
+  const auto node = find(path);
+  node->pretendedLength = length;
+  change(*node);
 }
 
 void MemoryFileSystem::directory(std::string_view path) {
@@ -251,8 +265,9 @@ void MemoryFileSystem::directory(std::string_view path) {
 }
 
 void MemoryFileSystem::setAttributes(std::string_view path, int attributes) {
-  need(path, FailureNumber::fileNotFound)->flags =
-      attributes & (attributeReadOnly | attributeHidden | attributeSystem);
+  const auto node = need(path, FailureNumber::fileNotFound);
+  node->flags = attributes & (attributeReadOnly | attributeHidden | attributeSystem);
+  change(*node);
 }
 
 void MemoryFileSystem::mountAgain(std::string_view directory, std::string_view drive) {
@@ -372,7 +387,9 @@ int MemoryFileSystem::attributes(std::string_view path) {
 
 void MemoryFileSystem::clearAttributes(std::string_view path) {
   note(DiskAction::clearAttributes, path);
-  need(path, FailureNumber::fileNotFound)->flags &= ~attributeReadOnly;
+  const auto node = need(path, FailureNumber::fileNotFound);
+  node->flags &= ~attributeReadOnly;
+  change(*node);
 }
 
 std::int32_t MemoryFileSystem::length(std::string_view path) {
@@ -412,6 +429,20 @@ std::shared_ptr<MemoryFileSystem::Node> MemoryFileSystem::needWalked(std::string
   return node;
 }
 
+SeenFile MemoryFileSystem::seen(const Node& node) {
+  return {node.length(), node.modified, {node.identity, 0}, {node.changed, 0, 0, 0}};
+}
+
+std::string MemoryFileSystem::nameOnDisk(std::string_view path) {
+  note(DiskAction::nameOnDisk, path);
+  return need(path, FailureNumber::fileNotFound)->name;
+}
+
+SeenFile MemoryFileSystem::lookWalked(std::string_view path, std::string_view root) {
+  note(DiskAction::look, path);
+  return seen(*needWalked(path, root));
+}
+
 void MemoryFileSystem::removeWalked(const WalkedFile& file) {
   note(DiskAction::remove, file.path);
   const auto node = needWalked(file.path, file.root);
@@ -420,8 +451,16 @@ void MemoryFileSystem::removeWalked(const WalkedFile& file) {
   std::erase(needParent(file.path)->children, node);
 }
 
-void MemoryFileSystem::copyWalked(std::string_view path, std::string_view root,
-                                  std::string_view to) {
+void MemoryFileSystem::removeSeen(std::string_view path, std::string_view root,
+                                  const SeenFile& expected) {
+  note(DiskAction::remove, path);
+  const auto node = needWalked(path, root);
+  if (seen(*node) != expected) fail(FailureNumber::fileChanged);
+  std::erase(needParent(path)->children, node);
+}
+
+WalkedCopy MemoryFileSystem::copyWalked(std::string_view path, std::string_view root,
+                                        std::string_view to) {
   note(DiskAction::copy, path);
   const auto source = needWalked(path, root);
   needParent(to);
@@ -432,10 +471,12 @@ void MemoryFileSystem::copyWalked(std::string_view path, std::string_view root,
   copy->content = source->content;
   copy->pretendedLength = source->pretendedLength;
   copy->flags = source->flags;
-  copy->modified = source->modified;
+  copy->modified.seconds = source->modified.seconds / dateStep * dateStep;
+  return {seen(*source), seen(*copy)};
 }
 
 bool MemoryFileSystem::isSameFile(std::string_view path, std::string_view other) {
+  note(DiskAction::sameFile, path);
   const auto node = find(path);
   return node && node == find(other);
 }
@@ -461,7 +502,10 @@ FileNumber MemoryFileSystem::open(std::string_view path, OpenMode mode) {
   if (node->isDirectory) fail(FailureNumber::pathFileAccess);
   const bool writes = mode != OpenMode::input && mode != OpenMode::sharedBinary;
   if (writes && (node->flags & attributeReadOnly) != 0) fail(FailureNumber::pathFileAccess);
-  if (mode == OpenMode::output) node->content.clear();
+  if (mode == OpenMode::output) {
+    node->content.clear();
+    change(*node);
+  }
   FileNumber number = 1;
   while (open_.contains(number))
     ++number;
@@ -510,6 +554,7 @@ void MemoryFileSystem::put(OpenFile& to, std::string_view bytes) {
   std::string& content = to.node->content;
   content.resize(std::max(content.size(), to.position + bytes.size()));
   content.replace(to.position, bytes.size(), bytes);
+  change(*to.node);
   to.position += bytes.size();
 }
 

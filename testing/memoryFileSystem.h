@@ -28,8 +28,11 @@ enum class DiskAction {
   clearAttributes,
   length,
   modified,
+  look,
   remove,
   copy,
+  sameFile,
+  nameOnDisk,
   rename,
   open,
   read,
@@ -87,6 +90,7 @@ class MemoryFileSystem : public FileSystem {
   void failOn(DiskAction action, std::string_view path, FailureNumber number, int nth = 1);
 
   std::optional<std::int64_t> freeBytes;  // Unlimited unless set.
+  std::int64_t dateStep = 1;              // The seconds of a copy's date are a multiple of it.
 
   std::unique_ptr<DirectoryListing> list(std::string_view directory, int mask) override;
   bool canEnter(std::string_view directory) override;
@@ -97,9 +101,12 @@ class MemoryFileSystem : public FileSystem {
   std::int32_t length(std::string_view path) override;
   DateTime modified(std::string_view path) override;
   void remove(std::string_view path) override;
+  std::string nameOnDisk(std::string_view path) override;
+  SeenFile lookWalked(std::string_view path, std::string_view root) override;
   void removeWalked(const WalkedFile& file) override;
+  void removeSeen(std::string_view path, std::string_view root, const SeenFile& seen) override;
+  WalkedCopy copyWalked(std::string_view path, std::string_view root, std::string_view to) override;
   bool isSameFile(std::string_view path, std::string_view other) override;
-  void copyWalked(std::string_view path, std::string_view root, std::string_view to) override;
   void rename(std::string_view from, std::string_view to) override;
   FileNumber open(std::string_view path, OpenMode mode) override;
   std::size_t read(FileNumber file, std::span<char> into) override;
@@ -128,15 +135,18 @@ class MemoryFileSystem : public FileSystem {
   std::shared_ptr<Node> need(std::string_view path, FailureNumber otherwise) const;
   std::shared_ptr<Node> needParent(std::string_view path) const;
   std::shared_ptr<Node> needWalked(std::string_view path, std::string_view root) const;
+  static SeenFile seen(const Node& node);
   std::shared_ptr<Node> addFile(std::string_view path);
+  void change(Node& node);
   OpenFile& opened(FileNumber file);
-  static void put(OpenFile& to, std::string_view bytes);
+  void put(OpenFile& to, std::string_view bytes);
   template <class Visit>
   void eachNode(Visit visit) const;
 
   std::map<std::string, std::shared_ptr<Node>> drives_;  // By upper-case letter and colon.
   std::map<FileNumber, OpenFile> open_;
   std::vector<PlannedFailure> planned_;
+  std::int64_t changes_ = 0;  // A clock for what was done to files.
 };
 
 }  // namespace quernstoke

@@ -36,4 +36,17 @@ int enterExactly(Descriptor& directory, std::string_view relativePath, std::stri
   return isName(name) ? 0 : -ENOENT;
 }
 
+int lookAtFile(const Descriptor& directory, const std::string& name, struct stat& facts) {
+  const int outcome = outcomeOf(
+      [&] { return ::fstatat(directory.get(), name.c_str(), &facts, AT_SYMLINK_NOFOLLOW); });
+  if (outcome < 0) return outcome;
+  return S_ISREG(facts.st_mode) ? 0 : -ENOENT;
+}
+
+int lookBelow(Descriptor directory, std::string_view relativePath, struct stat& facts) {
+  std::string name;
+  const int outcome = enterExactly(directory, relativePath, name);
+  return outcome < 0 ? outcome : lookAtFile(directory, name, facts);
+}
+
 }  // namespace quernstoke

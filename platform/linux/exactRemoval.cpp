@@ -1,11 +1,8 @@
 #include "platform/linux/exactRemoval.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <fcntl.h>
 #include <string>
 #include <unistd.h>
-#include <utility>
 
 #include "platform/linux/exactPath.h"
 #include "platform/linux/systemCall.h"
@@ -18,9 +15,9 @@ int removeFile(const Descriptor& directory, const std::string& name,
                const std::function<void(const struct stat&)>& refuse) {
   return outcomeOf([&] {
     struct stat facts;
-    if (::fstatat(directory.get(), name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0) return -1;
-    if (!S_ISREG(facts.st_mode)) {
-      errno = ENOENT;
+    const int outcome = lookAtFile(directory, name, facts);
+    if (outcome < 0) {
+      errno = -outcome;
       return -1;
     }
     refuse(facts);

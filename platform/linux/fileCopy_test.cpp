@@ -3,24 +3,63 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <set>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/time.h>
 #include <sys/xattr.h>
 #include <unistd.h>
+#include <vector>
 
+#include "platform/linux/expectFailure.h"
+#include "platform/linux/linuxFileSystem.h"
 #include "platform/linux/smallDisk.h"
 #include "platform/linux/temporaryTree.h"
 #include "platform/linux/withoutPrivileges.h"
 
+namespace {
+
+// What sees a call to the system before it is carried out. What it returns, unless it is 0, is the
+// error with which the call then fails.
+std::function<int(int file)> beforeSync;
+std::function<int()> beforeReserving;
+std::function<int(int flags)> beforeLinking;
+
+int refused(int error) {
+  errno = error;
+  return -1;
+}
+
+}  // namespace
+
+// Defined here, these stand in the place of the C library's.
+extern "C" int fsync(int file) {
+  const int error = beforeSync ? beforeSync(file) : 0;
+  return error != 0 ? refused(error) : static_cast<int>(::syscall(SYS_fsync, file));
+}
+extern "C" int fallocate(int file, int mode, off_t offset, off_t length) {
+  const int error = beforeReserving ? beforeReserving() : 0;
+  return error != 0 ? refused(error)
+                    : static_cast<int>(::syscall(SYS_fallocate, file, mode, offset, length));
+}
+extern "C" int linkat(int from, const char* oldName, int to, const char* newName,
+                      int flags) noexcept {
+  const int error = beforeLinking ? beforeLinking(flags) : 0;
+  return error != 0 ? refused(error)
+                    : static_cast<int>(::syscall(SYS_linkat, from, oldName, to, newName, flags));
+}
+
 namespace quernstoke {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 
 class FileCopyTest : public testing::Test {
  protected:
@@ -31,8 +70,10 @@ class FileCopyTest : public testing::Test {
   Descriptor open(const std::string& directory) const {
     return Descriptor(::open(tree_.path(directory).c_str(), O_PATH | O_DIRECTORY));
   }
-  int copy(const std::string& path, const std::string& name = "copy") const {
-    return copyBelow(open("from"), path, open("to").get(), name);
+  int copy(const std::string& path, const std::string& name = "copy",
+           const std::string& directory = "to") const {
+    CopiedFile ignored;
+    return copyBelow(open("from"), path, open(directory).get(), name, ignored);
   }
   struct stat facts(const std::string& path) const {
     struct stat result {};
@@ -44,6 +85,36 @@ class FileCopyTest : public testing::Test {
     for (const auto& entry : std::filesystem::directory_iterator(tree_.path("to")))
       found.insert(entry.path().filename());
     return found;
+  }
+  ~FileCopyTest() override {
+    beforeSync = nullptr;
+    beforeReserving = nullptr;
+    beforeLinking = nullptr;
+  }
+  static struct stat factsOf(int file) {
+    struct stat result {};
+    EXPECT_EQ(0, ::fstat(file, &result));
+    return result;
+  }
+  static bool isDirectory(int file) { return S_ISDIR(factsOf(file).st_mode); }
+  // Lets `change` happen when the content is copied, and before that is looked at again.
+  static void afterCopying(const std::function<void()>& change) {
+    beforeSync = [change](int file) {
+      if (!isDirectory(file)) change();
+      return 0;
+    };
+  }
+  // Until the clock of the file system has moved on since the file was changed.
+  void waitForTheNextTick(const std::string& path) const {
+    const timespec changed = facts(path).st_ctim;
+    timespec now{};
+    do {
+      ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
+    } while (now.tv_sec == changed.tv_sec && now.tv_nsec <= changed.tv_nsec);
+  }
+  void expectChanged() const {
+    EXPECT_EQ(-changedMeanwhile, copy("file"));
+    EXPECT_THAT(targets(), IsEmpty());
   }
   // Longer than what is copied at a time.
   static std::string longContent() {
@@ -91,6 +162,23 @@ TEST_F(FileCopyTest, KeepsExtendedAttributes) {
   std::string value(5, ' ');
   EXPECT_EQ(5, ::getxattr(tree_.path("to/copy").c_str(), "user.comment", value.data(), 5));
   EXPECT_EQ("words", value);
+}
+
+// A new owner takes away the rights that a program has been lent.
+TEST_F(FileCopyTest, KeepsTheRightsThatAProgramHasBeenLent) {
+  constexpr uid_t somebody = 1000;
+  // Version 2 of the attribute, with the right to use ports below 1024.
+  const std::string rights("\0\0\0\2\0\4\0\0\0\0\0\0\0\0\0\0\0\0\0\0", 20);
+  const char* const name = "security.capability";
+  tree_.file("from/file", "x");
+  if (::lchown(tree_.path("from/file").c_str(), somebody, somebody) != 0 ||
+      ::setxattr(tree_.path("from/file").c_str(), name, rights.data(), rights.size(), 0) != 0)
+    GTEST_SKIP() << "this user may not lend rights";
+  EXPECT_EQ(0, copy("file"));
+  EXPECT_EQ(somebody, facts("to/copy").st_uid);
+  std::string value(rights.size(), ' ');
+  EXPECT_EQ(20, ::getxattr(tree_.path("to/copy").c_str(), name, value.data(), value.size()));
+  EXPECT_TRUE(rights == value);
 }
 
 // A copy belongs to whoever makes it, and must not lend their rights to others.
@@ -196,8 +284,183 @@ class RestlessWriter {
 TEST_F(FileCopyTest, FileThatChangesMeanwhileIsNotCopied) {
   tree_.file("from/file", std::string(30'000'000, 'x'));
   const RestlessWriter writer(tree_.path("from/file"));
-  EXPECT_EQ(-EAGAIN, copy("file"));
+  EXPECT_EQ(-changedMeanwhile, copy("file"));
   EXPECT_THAT(targets(), IsEmpty());
+}
+
+TEST_F(FileCopyTest, FileThatIsWrittenOverMeanwhileIsNotCopied) {
+  tree_.file("from/file", "content");
+  waitForTheNextTick("from/file");
+  afterCopying([&] { tree_.file("from/file", "another"); });
+  expectChanged();
+  EXPECT_EQ("another", tree_.content("from/file"));
+}
+
+TEST_F(FileCopyTest, ChangeIsToldAsSuch) {
+  tree_.file("from/file", "content");
+  waitForTheNextTick("from/file");
+  afterCopying([&] { tree_.file("from/file", "another"); });
+  LinuxFileSystem files{DriveTable()};
+  EXPECT_FAILURE(fileChanged,
+                 files.copyWalked(tree_.programPath("from/file"), tree_.programPath("from"),
+                                  tree_.programPath("to/copy")));
+}
+
+TEST_F(FileCopyTest, DateThatIsPutBackHidesNoChange) {
+  tree_.file("from/file", "content");
+  waitForTheNextTick("from/file");
+  const struct stat before = facts("from/file");
+  afterCopying([&] {
+    tree_.file("from/file", "another");
+    const timespec times[] = {before.st_atim, before.st_mtim};
+    EXPECT_EQ(0, ::utimensat(AT_FDCWD, tree_.path("from/file").c_str(), times, 0));
+  });
+  expectChanged();
+}
+
+TEST_F(FileCopyTest, OtherFileInItsPlaceIsNotTakenForIt) {
+  tree_.file("from/file", "content");
+  tree_.file("other", "another");
+  const timespec times[] = {facts("from/file").st_atim, facts("from/file").st_mtim};
+  ASSERT_EQ(0, ::utimensat(AT_FDCWD, tree_.path("other").c_str(), times, 0));
+  afterCopying([&] { std::filesystem::rename(tree_.path("other"), tree_.path("from/file")); });
+  expectChanged();
+}
+
+TEST_F(FileCopyTest, FileThatIsCutMeanwhileIsNotCopied) {
+  tree_.file("from/file", "content");
+  beforeReserving = [&] {
+    std::filesystem::resize_file(tree_.path("from/file"), 3);
+    return 0;
+  };
+  expectChanged();
+}
+
+TEST_F(FileCopyTest, FileThatGoesMeanwhileIsNotCopied) {
+  tree_.file("from/file", "content");
+  afterCopying([&] { std::filesystem::remove(tree_.path("from/file")); });
+  EXPECT_EQ(-ENOENT, copy("file"));
+  EXPECT_THAT(targets(), IsEmpty());
+}
+
+// What reaches the disk.
+
+TEST_F(FileCopyTest, ContentIsOnTheDiskBeforeItHasItsName) {
+  tree_.file("from/file", "content");
+  int syncs = 0;
+  afterCopying([&] {
+    ++syncs;
+    EXPECT_THAT(targets(), Not(Contains("copy")));
+  });
+  EXPECT_EQ(0, copy("file"));
+  EXPECT_EQ(1, syncs);
+}
+
+// The directories may be as new as the copy.
+TEST_F(FileCopyTest, WayToTheCopyIsBroughtToTheDisk) {
+  tree_.file("from/file", "content");
+  tree_.directory("to/new/newer");
+  std::vector<ino_t> synced;
+  beforeSync = [&](int file) {
+    if (isDirectory(file)) {
+      EXPECT_TRUE(tree_.exists("to/new/newer/copy"));
+      synced.push_back(factsOf(file).st_ino);
+    }
+    return 0;
+  };
+  EXPECT_EQ(0, copy("file", "copy", "to/new/newer"));
+  ASSERT_GE(synced.size(), 4u);
+  synced.resize(4);
+  EXPECT_THAT(synced, ElementsAre(facts("to/new/newer").st_ino, facts("to/new").st_ino,
+                                  facts("to").st_ino, facts(".").st_ino));
+}
+
+TEST_F(FileCopyTest, OtherDisksOnTheWayAreNotWaitedFor) {
+  const SmallDisk small(tree_.path("to"), "tmpfs", "size=1m");
+  if (!small.isMounted()) GTEST_SKIP() << "this process may not mount a disk";
+  tree_.file("from/file", "content");
+  tree_.directory("to/new");
+  std::vector<dev_t> synced;
+  beforeSync = [&](int file) {
+    synced.push_back(factsOf(file).st_dev);
+    return 0;
+  };
+  EXPECT_EQ(0, copy("file", "copy", "to/new"));
+  EXPECT_THAT(synced, ElementsAre(facts("to").st_dev, facts("to").st_dev, facts("to").st_dev));
+}
+
+TEST_F(FileCopyTest, WayThatMayNotBeReadIsNoHindrance) {
+  tree_.file("from/file", "content");
+  tree_.directory("to/new");
+  ::chmod(tree_.path("to").c_str(), 0311);
+  const WithoutPrivileges ordinary(tree_);
+  if (!ordinary.areInForce()) GTEST_SKIP() << "nothing is refused to this user";
+  EXPECT_EQ(0, copy("file", "copy", "to/new"));
+  EXPECT_EQ("content", tree_.content("to/new/copy"));
+  ::chmod(tree_.path("to").c_str(), 0755);
+}
+
+TEST_F(FileCopyTest, CopyThatDoesNotReachTheDiskIsTakenBack) {
+  tree_.file("from/file", "content");
+  for (const std::string path : {"", "to", "."}) {
+    SCOPED_TRACE(path);
+    int refusals = 0;
+    beforeSync = [&](int file) {
+      const bool isIt =
+          path.empty() ? !isDirectory(file) : factsOf(file).st_ino == facts(path).st_ino;
+      refusals += isIt ? 1 : 0;
+      return isIt ? EIO : 0;
+    };
+    EXPECT_EQ(-EIO, copy("file"));
+    EXPECT_EQ(1, refusals);
+    EXPECT_THAT(targets(), IsEmpty());
+    EXPECT_EQ("content", tree_.content("from/file"));
+  }
+}
+
+TEST_F(FileCopyTest, OnlyTheCopyItselfIsTakenBack) {
+  tree_.file("from/file", "content");
+  tree_.file("other", "another");
+  beforeSync = [&](int file) {
+    if (!isDirectory(file)) return 0;
+    std::filesystem::rename(tree_.path("other"), tree_.path("to/copy"));
+    return EIO;
+  };
+  EXPECT_EQ(-EIO, copy("file"));
+  EXPECT_EQ("another", tree_.content("to/copy"));
+}
+
+TEST_F(FileCopyTest, DirectoryWithNothingToWriteIsOnTheDisk) {
+  tree_.file("from/file", "content");
+  beforeSync = [](int file) { return isDirectory(file) ? EINVAL : 0; };
+  EXPECT_EQ(0, copy("file"));
+}
+
+TEST_F(FileCopyTest, CopyThatCannotBeNamedIsMadeWithAName) {
+  tree_.file("from/file", longContent());
+  int refusals = 0;
+  beforeLinking = [&](int flags) {
+    if ((flags & AT_SYMLINK_FOLLOW) == 0) return 0;
+    ++refusals;
+    return EXDEV;
+  };
+  EXPECT_EQ(0, copy("file"));
+  EXPECT_THAT(targets(), ElementsAre("copy"));
+  EXPECT_TRUE(longContent() == tree_.content("to/copy"));
+  if (refusals == 0) GTEST_SKIP() << "this file system has no files without names";
+}
+
+TEST_F(FileCopyTest, NameThatIsTakenIsNotTriedAgain) {
+  tree_.file("from/file", "content");
+  int syncs = 0;
+  afterCopying([&] {
+    ++syncs;
+    tree_.file("to/copy", "another");
+  });
+  EXPECT_EQ(-EEXIST, copy("file"));
+  EXPECT_EQ(1, syncs);
+  EXPECT_THAT(targets(), ElementsAre("copy"));
+  EXPECT_EQ("another", tree_.content("to/copy"));
 }
 
 TEST_F(FileCopyTest, FullDiskIsLeftAsItWas) {
@@ -239,7 +502,8 @@ TEST_F(FileCopyTest, DirectoryThatHasGoneGetsNothing) {
   tree_.file("from/file", "x");
   const Descriptor target = open("to");
   std::filesystem::remove(tree_.path("to"));
-  EXPECT_EQ(-ENOENT, copyBelow(open("from"), "file", target.get(), "copy"));
+  CopiedFile ignored;
+  EXPECT_EQ(-ENOENT, copyBelow(open("from"), "file", target.get(), "copy", ignored));
   EXPECT_EQ("x", tree_.content("from/file"));
 }
 

@@ -250,6 +250,77 @@ TYPED_TEST(FileSystemContractTest, SameFileIsToldFromItsLikes) {
   EXPECT_FALSE(same("File", "other"));
   EXPECT_FALSE(same("File", "none"));
   EXPECT_FALSE(same("none", "none"));
+  EXPECT_FALSE(same("File", "none\\below"));
+  EXPECT_FALSE(same("File\\below", "File"));
+}
+
+TYPED_TEST(FileSystemContractTest, LookTellsAFileFromItsLikesAndFromWhatItWas) {
+  this->makeFile("file", "content");
+  this->makeFile("other", "content");
+  const auto look = [&](const std::string& name) {
+    return this->files_.lookWalked(this->at(name), this->disk_.root);
+  };
+  const SeenFile before = look("file");
+  EXPECT_EQ(7, before.size);
+  EXPECT_EQ(this->files_.modified(this->at("file")), before.modified);
+  EXPECT_EQ(before, look("file"));
+  EXPECT_NE(before.identity, look("other").identity);
+  this->files_.rename(this->at("other"), this->at("another"));
+  this->makeFile("file", "longer content");
+  EXPECT_NE(before, look("file"));
+  EXPECT_EQ(before.identity, look("file").identity);
+}
+
+TYPED_TEST(FileSystemContractTest, WalkedFileIsLookedAtByItsExactNames) {
+  this->files_.makeDirectory(this->at("Dir"));
+  this->makeFile("Dir\\File");
+  const auto look = [&](const std::string& name) {
+    return this->files_.lookWalked(this->at(name), this->disk_.root);
+  };
+  EXPECT_NO_THROW(look("Dir\\File"));
+  EXPECT_FAILURE(fileNotFound, look("Dir\\file"));
+  EXPECT_FAILURE(pathNotFound, look("dir\\File"));
+  EXPECT_FAILURE(fileNotFound, look("Dir"));
+  EXPECT_FAILURE(pathNotFound, look("none\\File"));
+}
+
+TYPED_TEST(FileSystemContractTest, FileIsRemovedOnlyAsItWasSeen) {
+  const std::string path = this->at("file");
+  const std::string& root = this->disk_.root;
+  this->makeFile("file", "content");
+  this->makeFile("other", "content");
+  const SeenFile before = this->files_.lookWalked(path, root);
+  EXPECT_FAILURE(fileChanged, this->files_.removeSeen(this->at("other"), root, before));
+  EXPECT_FAILURE(fileNotFound, this->files_.removeSeen(this->at("File"), root, before));
+  this->makeFile("file", "longer content");
+  EXPECT_FAILURE(fileChanged, this->files_.removeSeen(path, root, before));
+  EXPECT_EQ("longer content", this->content("file"));
+  this->files_.removeSeen(path, root, this->files_.lookWalked(path, root));
+  EXPECT_FAILURE(fileNotFound, this->files_.attributes(path));
+}
+
+TYPED_TEST(FileSystemContractTest, CopyTellsWhatItHasSeenAndMade) {
+  this->makeFile("file", "content");
+  const auto look = [&](const std::string& name) {
+    return this->files_.lookWalked(this->at(name), this->disk_.root);
+  };
+  const WalkedCopy copied =
+      this->files_.copyWalked(this->at("file"), this->disk_.root, this->at("copy"));
+  EXPECT_EQ(look("file"), copied.original);
+  EXPECT_EQ(look("copy"), copied.copy);
+}
+
+TYPED_TEST(FileSystemContractTest, NamesAreToldAsTheDiskSpellsThem) {
+  this->files_.makeDirectory(this->at("Dir"));
+  this->makeFile("Dir\\File");
+  const auto name = [&](const std::string& path) {
+    return this->files_.nameOnDisk(this->at(path));
+  };
+  EXPECT_EQ("Dir", name("Dir"));
+  EXPECT_EQ("Dir", name("DIR"));
+  EXPECT_EQ("File", name("dir\\file"));
+  EXPECT_FAILURE(fileNotFound, name("none"));
+  EXPECT_FAILURE(pathNotFound, name("none\\file"));
 }
 
 TYPED_TEST(FileSystemContractTest, RenameNeverReplaces) {

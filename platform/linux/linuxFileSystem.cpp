@@ -7,6 +7,7 @@
 #include <unistd.h>
 #include <utility>
 
+#include "platform/linux/exactPath.h"
 #include "platform/linux/exactRemoval.h"
 #include "platform/linux/fileCopy.h"
 #include "platform/linux/linuxDirectoryListing.h"
@@ -242,36 +243,76 @@ Descriptor LinuxFileSystem::openRoot(std::string_view root) {
   return Descriptor(outcome);
 }
 
-void LinuxFileSystem::removeWalked(const WalkedFile& file) {
-  const auto refuseChanged = [&](const struct stat& facts) {
-    if (facts.st_size != file.size || localTime_.at(facts.st_mtime) != file.modified)
-      fail(FailureNumber::fileChanged);
-  };
-  check(removeBelow(openRoot(file.root), drives_.linuxPath(behindRoot(file.path, file.root)),
-                    refuseChanged),
+std::string LinuxFileSystem::nameOnDisk(std::string_view path) {
+  const Place place = locate(toLinux(path));
+  if (!place.exists) failWith(place.error, Subject::file);
+  return windowsName(place.name);
+}
+
+SeenFile LinuxFileSystem::seen(const struct stat& facts) {
+  const timespec& modified = facts.st_mtim;
+  const timespec& changed = facts.st_ctim;
+  return {facts.st_size,
+          localTime_.at(facts.st_mtime),
+          {static_cast<std::int64_t>(facts.st_dev), static_cast<std::int64_t>(facts.st_ino)},
+          {modified.tv_sec, modified.tv_nsec, changed.tv_sec, changed.tv_nsec}};
+}
+
+SeenFile LinuxFileSystem::lookWalked(std::string_view path, std::string_view root) {
+  struct stat facts;
+  check(lookBelow(openRoot(root), drives_.linuxPath(behindRoot(path, root)), facts), Subject::file);
+  return seen(facts);
+}
+
+template <class Refuse>
+void LinuxFileSystem::removeBelowRoot(std::string_view path, std::string_view root, Refuse refuse) {
+  check(removeBelow(openRoot(root), drives_.linuxPath(behindRoot(path, root)),
+                    [&](const struct stat& facts) {
+                      if (refuse(seen(facts))) fail(FailureNumber::fileChanged);
+                    }),
         Subject::file);
 }
 
-void LinuxFileSystem::copyWalked(std::string_view path, std::string_view root,
-                                 std::string_view to) {
+void LinuxFileSystem::removeWalked(const WalkedFile& file) {
+  removeBelowRoot(file.path, file.root, [&](const SeenFile& now) {
+    return now.size != file.size || now.modified != file.modified;
+  });
+}
+
+void LinuxFileSystem::removeSeen(std::string_view path, std::string_view root,
+                                 const SeenFile& before) {
+  removeBelowRoot(path, root, [&](const SeenFile& now) { return now != before; });
+}
+
+WalkedCopy LinuxFileSystem::copyWalked(std::string_view path, std::string_view root,
+                                       std::string_view to) {
   const std::string source = drives_.linuxPath(behindRoot(path, root));
   Descriptor directory = openRoot(root);
   const Place target = locate(toLinux(to));
   if (target.exists) fail(FailureNumber::fileAlreadyExists);
   if (target.error != ENOENT) failWith(target.error, Subject::file);
-  check(copyBelow(std::move(directory), source, target.directory.get(), target.name),
-        Subject::file);
+  CopiedFile copied;
+  const int outcome =
+      copyBelow(std::move(directory), source, target.directory.get(), target.name, copied);
+  if (outcome == -changedMeanwhile) fail(FailureNumber::fileChanged);
+  check(outcome, Subject::file);
+  return {seen(copied.original), seen(copied.copy)};
+}
+
+std::optional<struct stat> LinuxFileSystem::factsIfThere(std::string_view path) {
+  struct stat facts;
+  const int outcome = atPath(
+      toLinux(path), [&](int at, const char* name) { return ::fstatat(at, name, &facts, 0); });
+  if (outcome == -ENOENT || outcome == -ENOTDIR) return std::nullopt;
+  check(outcome, Subject::file);
+  return facts;
 }
 
 bool LinuxFileSystem::isSameFile(std::string_view path, std::string_view other) {
-  struct stat left;
-  struct stat right;
-  const auto read = [this](std::string_view of, struct stat& facts) {
-    return atPath(toLinux(of),
-                  [&](int at, const char* name) { return ::fstatat(at, name, &facts, 0); }) >= 0;
-  };
-  return read(path, left) && left.st_nlink == 1 && read(other, right) &&
-         left.st_dev == right.st_dev && left.st_ino == right.st_ino;
+  const auto left = factsIfThere(path);
+  if (!left || left->st_nlink != 1) return false;
+  const auto right = factsIfThere(other);
+  return right && left->st_dev == right->st_dev && left->st_ino == right->st_ino;
 }
 
 void LinuxFileSystem::rename(std::string_view from, std::string_view to) {

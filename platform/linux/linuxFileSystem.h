@@ -1,9 +1,11 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <sys/stat.h>
 
 #include "platform/fileSystem.h"
 #include "platform/linux/descriptor.h"
@@ -30,9 +32,12 @@ class LinuxFileSystem final : public FileSystem {
   std::int32_t length(std::string_view path) override;
   DateTime modified(std::string_view path) override;
   void remove(std::string_view path) override;
+  std::string nameOnDisk(std::string_view path) override;
+  SeenFile lookWalked(std::string_view path, std::string_view root) override;
   void removeWalked(const WalkedFile& file) override;
+  void removeSeen(std::string_view path, std::string_view root, const SeenFile& seen) override;
+  WalkedCopy copyWalked(std::string_view path, std::string_view root, std::string_view to) override;
   bool isSameFile(std::string_view path, std::string_view other) override;
-  void copyWalked(std::string_view path, std::string_view root, std::string_view to) override;
   void rename(std::string_view from, std::string_view to) override;
 
   FileNumber open(std::string_view path, OpenMode mode) override;
@@ -51,6 +56,11 @@ class LinuxFileSystem final : public FileSystem {
  private:
   const std::string& toLinux(std::string_view path);
   Descriptor openRoot(std::string_view root);
+  SeenFile seen(const struct stat& facts);
+  template <class Refuse>
+  void removeBelowRoot(std::string_view path, std::string_view root, Refuse refuse);
+  // Nothing if the path leads nowhere.
+  std::optional<struct stat> factsIfThere(std::string_view path);
 
   DriveTable drives_;
   LocalTime localTime_;

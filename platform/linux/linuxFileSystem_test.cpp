@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/linux/expectFailure.h"
@@ -221,6 +222,24 @@ TEST_F(LinuxFiles, RenameNeverReplaces) {
   EXPECT_FAILURE(fileAlreadyExists, files_.rename(at("from"), at("from")));
   EXPECT_EQ("from", tree_.content("from"));
   EXPECT_EQ("to", tree_.content("to"));
+}
+
+// Who may not look can't say that it is another file.
+TEST_F(LinuxFiles, FilesThatCannotBeLookedAtAreNotToldApart) {
+  tree_.file("file", "x");
+  tree_.file("closed/file", "x");
+  ::chmod(tree_.path("closed").c_str(), 0);
+  const WithoutPrivileges privileges(tree_);
+  if (!privileges.areInForce()) GTEST_SKIP() << "nothing is refused to this user";
+  EXPECT_FAILURE(permissionDenied, files_.isSameFile(at("file"), at("closed\\file")));
+  EXPECT_FAILURE(permissionDenied, files_.isSameFile(at("closed\\file"), at("file")));
+  ::chmod(tree_.path("closed").c_str(), 0755);
+}
+
+TEST_F(LinuxFiles, LinkThatLeadsNowhereIsNoFile) {
+  tree_.file("file", "x");
+  tree_.link("dangling", "nowhere");
+  EXPECT_FALSE(files_.isSameFile(at("file"), at("dangling")));
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
+#include "core/procedure.h"
 #include "core/scanState.h"
 #include "dirmatch/dirMatchActions.h"
 #include "dirmatch/dirMatchGrid.h"
@@ -62,7 +63,7 @@ class MovingOnDisk : public EngineTest {
     DirMatchBase = {at(left_), at(right_)};
     const Int32 directory =
         sub.empty() ? DirMatchDir1 : rowOf(at(left_) + "\\" + sub, DirMatchDir1);
-    const Int32 file = basAddFileToList(windowsName(name), directory, 1, {});
+    const Int32 file = listed(name, directory);
     FileTable.FileStatus[statusMatch][file] = 0;
     basSetupMatchGroupInfo("MATCHNUM", 0);
     RunState = runState::finished;
@@ -71,17 +72,29 @@ class MovingOnDisk : public EngineTest {
     cmdMove_Click(form_, dirMatchSide::left);
     return DirTable[FileTable.FileDirNum[file]].name;
   }
+  // The row of a file, with the size and date of what stands there.
+  Int32 listed(const std::string& name, Int32 directory) {
+    const std::string path = DirTable[directory].name + '\\' + windowsName(name);
+    Int32 size;
+    DateTime modified;
+    ignoringFailure([&] {
+      size = files_.length(path);
+      modified = files_.modified(path);
+    });
+    return basAddFileToList(windowsName(name), directory, size, modified);
+  }
   std::string at(const std::string& directory) const { return tree_.programPath(directory); }
   void expectMoved(const std::string& from, const std::string& to, const std::string& content) {
     EXPECT_FALSE(tree_.exists(from));
     EXPECT_TRUE(content == tree_.content(to));
     EXPECT_THAT(failures(), IsEmpty());
   }
-  // The file is where it was, and nothing came to the directory on the right.
-  void expectStayed(const std::string& from, const std::string& content,
-                    const std::string& message) {
+  // The file is where it was, and the directory on the right has what it had.
+  void expectStayed(const std::string& from, const std::string& content, const std::string& message,
+                    const std::vector<std::string>& onTheRight = {}) {
     EXPECT_TRUE(content == tree_.content(from));
     EXPECT_THAT(failures(), ElementsAre(message));
+    EXPECT_EQ(names(right_), onTheRight);
   }
   std::vector<std::string> failures() const {
     std::vector<std::string> found;
@@ -91,6 +104,7 @@ class MovingOnDisk : public EngineTest {
   }
   std::vector<std::string> names(const std::string& directory) const {
     std::vector<std::string> found;
+    if (!tree_.exists(directory)) return found;
     for (const auto& entry : std::filesystem::directory_iterator(tree_.path(directory)))
       found.push_back(entry.path().filename());
     std::sort(found.begin(), found.end());
@@ -138,9 +152,26 @@ TEST_F(MovingOnDisk, SubDirectoriesAreMade) {
 TEST_F(MovingOnDisk, SubDirectoryOfAnotherCaseIsUsed) {
   tree_.file("left/sub/song", "music");
   tree_.directory("right/SUB");
-  move("song", "sub");
+  EXPECT_EQ(move("song", "sub"), at("right/SUB"));
   expectMoved("left/sub/song", "right/SUB/song", "music");
   EXPECT_THAT(names("right"), ElementsAre("SUB"));
+}
+
+TEST_F(MovingOnDisk, NewSubDirectoryLiesBelowThatOfAnotherCase) {
+  tree_.file("left/sub/new/song", "music");
+  tree_.directory("right/SUB");
+  EXPECT_EQ(move("song", "sub\\new"), at("right/SUB/new"));
+  expectMoved("left/sub/new/song", "right/SUB/new/song", "music");
+}
+
+// Though the list has the other one, and this one not yet.
+TEST_F(MovingOnDisk, SubDirectoryOfTheVeryNameIsPreferred) {
+  tree_.file("left/sub/song", "music");
+  tree_.directory("right/SUB");
+  tree_.directory("right/sub");
+  person_.onQuestion = [this] { rowOf(at("right/SUB"), DirMatchDir2); };
+  EXPECT_EQ(move("song", "sub"), at("right/sub"));
+  expectMoved("left/sub/song", "right/sub/song", "music");
 }
 
 TEST_F(MovingOnDisk, FileMovesToAnotherDisk) {
@@ -158,7 +189,6 @@ TEST_F(MovingOnDisk, FileLargerThanTheFreeSpaceStays) {
   tree_.file("left/song", content);
   EXPECT_EQ(move("song"), at("left"));
   expectStayed("left/song", content, failed("song", "Disk full"));
-  EXPECT_THAT(names("right"), IsEmpty());
 }
 
 TEST_F(MovingOnDisk, FullDiskLeavesTheFile) {
@@ -167,8 +197,7 @@ TEST_F(MovingOnDisk, FullDiskLeavesTheFile) {
   tree_.file("right/filling", std::string(65'536, 'x'));
   tree_.file("left/song", "music");
   move("song");
-  expectStayed("left/song", "music", failed("song", "Disk full"));
-  EXPECT_THAT(names("right"), ElementsAre("filling"));
+  expectStayed("left/song", "music", failed("song", "Disk full"), {"filling"});
 }
 
 TEST_F(MovingOnDisk, DirectoryThatVanishesMeanwhileLeavesTheFile) {
@@ -190,7 +219,7 @@ TEST_F(MovingOnDisk, TargetThatAppearsMeanwhileIsNotReplaced) {
   tree_.file("left/song", "music");
   person_.onQuestion = [this] { tree_.file("right/song", "another"); };
   move("song");
-  expectStayed("left/song", "music", "Destination file already exists. Move failed");
+  expectStayed("left/song", "music", "Destination file already exists. Move failed", {"song"});
   EXPECT_EQ("another", tree_.content("right/song"));
 }
 
@@ -198,8 +227,7 @@ TEST_F(MovingOnDisk, TargetOfAnotherCaseIsNotReplacedNorJoined) {
   tree_.file("left/song", "music");
   tree_.file("right/SONG", "another");
   move("song");
-  expectStayed("left/song", "music", "Destination file already exists. Move failed");
-  EXPECT_THAT(names("right"), ElementsAre("SONG"));
+  expectStayed("left/song", "music", "Destination file already exists. Move failed", {"SONG"});
 }
 
 TEST_F(MovingOnDisk, WhatIsNoFileIsNotReplacedEither) {
@@ -224,14 +252,14 @@ TEST_F(MovingOnDisk, DirectoryOnBothSidesLeavesTheFile) {
   right_ = "left2";
   tree_.link("left2", tree_.path("left"));
   move("song");
-  expectStayed("left/song", "music", "Destination file already exists. Move failed");
+  expectStayed("left/song", "music", "Destination file already exists. Move failed", {"song"});
 }
 
 TEST_F(MovingOnDisk, SubDirectoryThatLeadsBackLeavesTheFile) {
   tree_.file("left/sub/song", "music");
   tree_.link("right/sub", tree_.path("left/sub"));
   move("song", "sub");
-  expectStayed("left/sub/song", "music", "Destination file already exists. Move failed");
+  expectStayed("left/sub/song", "music", "Destination file already exists. Move failed", {"sub"});
 }
 
 TEST_F(MovingOnDisk, DirectoryThatIsNamedByALinkIsUsed) {
@@ -256,7 +284,6 @@ TEST_F(MovingOnDisk, LinkThatTookTheFilesPlaceIsNotMoved) {
   tree_.link("left/song", tree_.path("elsewhere"));
   move("song");
   expectStayed("left/song", "another", failed("song", "File not found"));
-  EXPECT_THAT(names("right"), IsEmpty());
 }
 
 // As when a directory was moved and a link left in its place.
@@ -264,7 +291,7 @@ TEST_F(MovingOnDisk, DirectoryThatBecameALinkIsNotFollowed) {
   tree_.file("moved/song", "music");
   tree_.link("left/sub", tree_.path("moved"));
   move("song", "sub");
-  expectStayed("moved/song", "music", failed("song", "Path not found"));
+  expectStayed("moved/song", "music", failed("song", "Path not found"), {"sub"});
 }
 
 TEST_F(MovingOnDisk, FileOfAnotherCaseIsNotMovedInstead) {
@@ -282,7 +309,6 @@ TEST_F(MovingOnDisk, OriginalThatMayNotGoTakesTheCopyBack) {
   EXPECT_EQ(move("song"), at("left"));
   expectStayed("left/song", "music",
                "Unable to delete original file. Move aborted!. Reason: Permission denied");
-  EXPECT_THAT(names("right"), IsEmpty());
   ::chmod(tree_.path("left").c_str(), 0755);
 }
 
@@ -293,6 +319,26 @@ TEST_F(MovingOnDisk, DirectoryThatMayNotBeWrittenLeavesTheFile) {
   if (!ordinary.areInForce()) GTEST_SKIP() << "nothing is refused to this user";
   move("song");
   expectStayed("left/song", "music", failed("song", "Permission denied"));
+}
+
+// Deleting in the same window.
+
+TEST_F(MovingOnDisk, MovedFileCanBeDeleted) {
+  tree_.file("left/song", "music");
+  move("song");
+  cmdDelete_Click(form_, dirMatchSide::right);
+  EXPECT_THAT(names("right"), IsEmpty());
+  EXPECT_THAT(failures(), IsEmpty());
+}
+
+TEST_F(MovingOnDisk, ChangedFileIsNotDeleted) {
+  tree_.file("left/song", "music");
+  move("song");
+  tree_.file("right/song", "other music");
+  cmdDelete_Click(form_, dirMatchSide::right);
+  EXPECT_EQ(tree_.content("right/song"), "other music");
+  EXPECT_THAT(failures(), ElementsAre("Unable to delete file " + at("right/song") +
+                                      "\r\nReason: The file has changed since the scan"));
 }
 
 TEST_F(MovingOnDisk, OddNamesMove) {

@@ -22,6 +22,9 @@ class UnfinishedFile {
   // The file, readable and writable by its owner alone, or the error as a negative number.
   int descriptor() const { return error_ < 0 ? error_ : file_.get(); }
 
+  // Whether it already has a name of its own.
+  bool isNamed() const { return !ownName_.empty(); }
+
   // Gives the file its name, unless there is something of that name. Returns 0 or the error as a
   // negative number.
   int publish(const std::string& name);
