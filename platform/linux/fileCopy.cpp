@@ -12,6 +12,7 @@
 #include "platform/linux/exactPath.h"
 #include "platform/linux/systemCall.h"
 #include "platform/linux/unfinishedFile.h"
+#include "platform/linux/writeAll.h"
 
 namespace quernstoke {
 
@@ -28,17 +29,6 @@ bool isUnchanged(const struct stat& before, const struct stat& after) {
   return before.st_dev == after.st_dev && before.st_ino == after.st_ino &&
          before.st_size == after.st_size && isSameTime(before.st_mtim, after.st_mtim) &&
          isSameTime(before.st_ctim, after.st_ctim);
-}
-
-int writeAll(int target, const char* bytes, std::size_t length) {
-  while (length > 0) {
-    const ssize_t written = ::write(target, bytes, length);
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return -errno;
-    bytes += written;
-    length -= static_cast<std::size_t>(written);
-  }
-  return 0;
 }
 
 // No more than the length that the file had, as one that grows all the time has no end.
