@@ -31,13 +31,12 @@ constexpr int growth = 1024;
 
 // The listing callback.
 void DLLMessage(std::string_view name, Int32 size, CivilTime date) {
-  constexpr std::size_t longestName = 256;
   const Int32 row = ZipEntryCount + 1;
   ignoringFailure([&] {
     if (row > ZipEntryList.upperBound()) ZipEntryList.redim(ZipEntryCount + growth, true);
   });
   ignoringFailure([&] {
-    ZipEntryList[row].name = firstCharacters(name.substr(0, name.find('\0')), longestName);
+    ZipEntryList[row].name = firstCharacters(name.substr(0, name.find('\0')), longestEntryName);
   });
   ignoringFailure([&] { ZipEntryList[row].size = size; });
   date.second = 0;

@@ -86,9 +86,19 @@ void setTempSpaceBudget() {
   TempSpaceBudgetKB = roundedQuotient(bytes.tenThousandths(), FixedPoint::scale * 1024);
 }
 
+// A profile may have lost the last number that it gave. What bears a number must not be joined by
+// files that only equal one another.
+void passOverNumbersInUse() {
+  for (Int32 file = 1; file <= FileCount; ++file) {
+    const Int32 number = FileTable.FileStatus[statusMatch][file];
+    if (number > Int32(CurrentMatchNum)) CurrentMatchNum = number;
+  }
+}
+
 void takeUpPausedScan() {
   ScanStartTime = {systemClock().now().seconds - ProfileSettings.ElapsedTime.raw()};
   DuplicateCount = ProfileSettings.RestartPointNumDuplicates;
+  passOverNumbersInUse();
   basResetLocalFilesList();
 }
 

@@ -48,6 +48,19 @@ TEST_F(ContinuedScanTest, CountsOnFromTheRestartRecord) {
   EXPECT_EQ(saved().NumDuplicates, 5);
 }
 
+// The profile may have lost the number of its last match.
+TEST_F(ContinuedScanTest, GivesNoNumberThatAMatchBearsAlready) {
+  ProfileSettings.MatchNum = 0;
+  ProfileSettings.MatchingCriteria = "S";
+  buildCatalogue({{"a", "C:\\Data", 5, 3},
+                  {"b", "C:\\Data", 5, 3},
+                  {"c", "C:\\Data", 6},
+                  {"d", "C:\\Data", 6}});
+  restartAt(2, 3, 4);
+  basStartScan();
+  EXPECT_THAT(matchNumbers(), ElementsAre(3, 3, 4, 4));
+}
+
 TEST_F(ContinuedScanTest, ForgetsTheLocalCopies) {
   buildCatalogue({{"a", "C:\\Data", 5, 1}});
   FileTable.FileLocalName.set(1, "C:\\Quernstoke\\Temp\\TMP1");

@@ -57,26 +57,68 @@ void logFailedExtraction(const std::string& entry, const std::string& zipPath,
             ". Reason: " + reason);
 }
 
-void unpackIntoTempDir(const std::string& zipPath, std::string entry, const std::string& target) {
+// Whether the entry was unpacked.
+bool unpackIntoTempDir(const std::string& zipPath, std::string entry, const std::string& target) {
   // The extraction leaves the entry as it was asked for, brackets escaped, and so it is logged.
-  if (basZipExtract(zipPath, entry) != 0)
+  if (basZipExtract(zipPath, entry) != 0) {
     logFailedExtraction(entry, zipPath, ZipMessages);
-  else
-    ignoringFailure([&] { files().clearAttributes(target); });
+    return false;
+  }
+  ignoringFailure([&] { files().clearAttributes(target); });
+  return true;
 }
 
-// A file that can't have a temp name goes: under its own it would be in the way of each entry of
-// that name to come.
-std::string moveToTempName(const std::string& extracted) {
+// False if something has that name after all, such as a link that leads nowhere.
+bool renameUnlessTaken(const std::string& from, const std::string& to) {
   try {
-    while (isTaken(tempName(TempFileCounter)))
-      ++TempFileCounter;
-    files().rename(extracted, tempName(TempFileCounter));
-  } catch (const Failure&) {
-    ignoringFailure([&] { files().remove(extracted); });
+    files().rename(from, to);
+    return true;
+  } catch (const Failure& failure) {
+    if (failure.is(FailureNumber::fileAlreadyExists)) return false;
     throw;
   }
-  return tempName(TempFileCounter);
+}
+
+// A file that an entry has become. It goes again unless it is kept, so that whatever fails leaves
+// none that nobody knows of: under its own name it would be in the way of each entry of that name
+// to come.
+class ExtractedFile {
+ public:
+  explicit ExtractedFile(std::string path) : path_(std::move(path)) {}
+  ~ExtractedFile() {
+    if (path_.empty()) return;
+    ignoringFailure([&] {
+      if (isTaken(path_)) files().remove(path_);
+    });
+  }
+  ExtractedFile(const ExtractedFile&) = delete;
+  ExtractedFile& operator=(const ExtractedFile&) = delete;
+
+  const std::string& path() const { return path_; }
+
+  void moveToTempName() {
+    for (;; ++TempFileCounter) {
+      std::string name = tempName(TempFileCounter);
+      if (isTaken(name) || !renameUnlessTaken(path_, name)) continue;
+      path_ = std::move(name);
+      return;
+    }
+  }
+  std::string keep() { return std::exchange(path_, {}); }
+
+ private:
+  std::string path_;
+};
+
+// Returns 0 if a link that leads nowhere has that name: a file that is missing would be made.
+FileNumber openUnlessTaken(const std::string& path) {
+  try {
+    return files().open(path, OpenMode::binary);
+  } catch (const Failure& failure) {
+    if (failure.is(FailureNumber::fileAlreadyExists) || failure.is(FailureNumber::fileNotFound))
+      return 0;
+    throw;
+  }
 }
 
 void deleteFileOfTempDir(const std::string& path) {
@@ -123,17 +165,16 @@ void deleteInTempDir(const std::string& path) {
 
 FileNumber basOpenTempFile(std::string& name) {
   return procedure("basOpenTempFile", [&]() -> FileNumber {
-    std::string path;
-    if (!name.empty()) {
-      if (basFileExists(name)) path = name;
-    } else {
-      do {
-        path = tempName(TempFileCounter);
-        ++TempFileCounter;
-      } while (isTaken(path));
-      name = path;
+    if (!name.empty()) return files().open(basFileExists(name) ? name : "", OpenMode::binary);
+    for (;;) {
+      std::string path = tempName(TempFileCounter);
+      ++TempFileCounter;
+      if (isTaken(path)) continue;
+      name = std::move(path);
+      const FileNumber file = openUnlessTaken(name);
+      if (file != 0) return file;
+      name.clear();
     }
-    return files().open(path, OpenMode::binary);
   });
 }
 
@@ -151,7 +192,7 @@ std::string basExtractZipEntry(const std::string& zipPath, const std::string& in
       return {};
     }
     const std::string entry = innerDir.empty() ? fileName : innerDir + "/" + fileName;
-    const std::string extracted = TempDir + "\\" + fileName;
+    std::string extracted = TempDir + "\\" + fileName;
     // What lies there already may be a person's own, and is neither replaced nor taken for the
     // entry.
     if (isTaken(extracted)) {
@@ -159,13 +200,16 @@ std::string basExtractZipEntry(const std::string& zipPath, const std::string& in
       logFailedExtraction(entry, zipPath, extracted + " exists");
       return {};
     }
-    unpackIntoTempDir(zipPath, entry, extracted);
-    if (!basFileExists(extracted)) return {};
+    const bool unpacked = unpackIntoTempDir(zipPath, entry, extracted);
+    const bool isSeen = basFileExists(extracted);
+    if (!unpacked && !isSeen) return {};
+    ExtractedFile file(std::move(extracted));
+    if (!isSeen) return {};
 
-    std::string result = keepName ? extracted : moveToTempName(extracted);
-    TempUsedKB += Int32(files().length(result)) / bytesPerKB;
+    if (!keepName) file.moveToTempName();
+    TempUsedKB += Int32(files().length(file.path())) / bytesPerKB;
     ++TempFileCounter;
-    return result;
+    return file.keep();
   });
 }
 

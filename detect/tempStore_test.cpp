@@ -1,5 +1,6 @@
 #include "detect/tempStore.h"
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -75,6 +76,26 @@ TEST_F(TempStoreTest, GivenNameWithoutAFileIsAProcedureError) {
   EXPECT_FALSE(disk.exists(inTempDir("TMP7")));
 }
 
+// Which has its name, though it looks like nothing.
+TEST_F(TempStoreTest, LinkThatLeadsNowhereIsPassedOver) {
+  disk.failOn(DiskAction::open, inTempDir("TMP1"), FailureNumber::fileNotFound);
+  disk.failOn(DiskAction::open, inTempDir("TMP2"), FailureNumber::fileAlreadyExists);
+  std::string name;
+  write(basOpenTempFile(name), "new");
+  EXPECT_EQ(name, inTempDir("TMP3"));
+  EXPECT_EQ(TempFileCounter, 4);
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+// Its owner would delete what lies there.
+TEST_F(TempStoreTest, NameThatCannotBeLookedAtIsNotTaken) {
+  disk.failOn(DiskAction::open, inTempDir("TMP1"), FailureNumber::fileNotFound);
+  disk.failOn(DiskAction::attributes, inTempDir("TMP2"), FailureNumber::deviceError);
+  std::string name;
+  EXPECT_EQ(basOpenTempFile(name), 0);
+  EXPECT_EQ(name, "");
+}
+
 // Zip entries.
 
 class TempEntryTest : public TempStoreTest {
@@ -120,6 +141,21 @@ TEST_F(TempEntryTest, ExtractionIsReportedWhileComparing) {
   extract();
   EXPECT_THAT(statusWindow.statusTexts, ElementsAre("Extracting data from Zip file a.zip"));
   EXPECT_EQ(eventLoop.yields, 1);
+}
+
+TEST_F(TempEntryTest, ReportLeavesTheFileOfTheComparisonInTheWindow) {
+  RunState = runState::comparing;
+  ScanDetailsShown = true;
+  extract();
+  EXPECT_FALSE(statusWindow.labels.contains("labFile1"));
+  EXPECT_EQ(statusWindow.labels["labBufferReads"], "0");
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(TempEntryTest, ReportWritesNoDetailsThatAreNotShown) {
+  RunState = runState::comparing;
+  extract();
+  EXPECT_THAT(statusWindow.labels, IsEmpty());
 }
 
 TEST_F(TempEntryTest, NothingIsExtractedBeyondTheBudget) {
@@ -228,6 +264,40 @@ TEST_F(TempEntryTest, EntryThatCannotBeRenamedIsAProcedureErrorAndLeavesNoFile) 
   EXPECT_THAT(
       dialogBoxes.messages,
       ElementsAre("Procedure error in 'basExtractZipEntry'.  Reason: Permission denied(70)."));
+  EXPECT_EQ(TempUsedKB, 50);
+}
+
+// As with a link that leads nowhere.
+TEST_F(TempEntryTest, TempNameThatProvesToBeTakenIsPassedOver) {
+  disk.failOn(DiskAction::rename, inTempDir("a.txt"), FailureNumber::fileAlreadyExists);
+  EXPECT_EQ(extract(), inTempDir("TMP2"));
+  EXPECT_THAT(disk.names(temp), ElementsAre("TMP2"));
+  EXPECT_EQ(TempFileCounter, 3);
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(TempEntryTest, EntryForWhichMemoryFailsLeavesNoFile) {
+  disk.before = [](const DiskCall& call) {
+    if (call.action == DiskAction::rename) throw std::bad_alloc();
+  };
+  EXPECT_EQ(extract(), "");
+  EXPECT_THAT(disk.names(temp), IsEmpty());
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre("Procedure error in 'basExtractZipEntry'.  Reason: Out of memory(7)."));
+}
+
+TEST_F(TempEntryTest, EntryThatIsNotSeenAfterItsExtractionLeavesNoFile) {
+  disk.failOn(DiskAction::attributes, inTempDir("a.txt"), FailureNumber::deviceError, 2);
+  EXPECT_EQ(extract(true), "");
+  EXPECT_THAT(disk.names(temp), IsEmpty());
+}
+
+TEST_F(TempEntryTest, EntryWhoseLengthIsNotToldLeavesNoFile) {
+  disk.failOn(DiskAction::length, inTempDir("a.txt"), FailureNumber::deviceError);
+  EXPECT_EQ(extract(true), "");
+  disk.failOn(DiskAction::length, inTempDir("TMP1"), FailureNumber::deviceError);
+  EXPECT_EQ(extract(), "");
+  EXPECT_THAT(disk.names(temp), IsEmpty());
   EXPECT_EQ(TempUsedKB, 50);
 }
 

@@ -55,7 +55,7 @@ void packAll(Corpus corpus) {
   corpus.pack("empty-entry", {{"empty.txt", ""}});
   corpus.pack("stored", {{"a.txt", "alpha"}, {"b.txt", "beta"}}, false);
   corpus.pack("deflated", {{"in/a.txt", text}, {"in/b/", ""}, {"in/b/c.txt", text + "b"}});
-  corpus.pack("same-name-twice", {{"one/a.txt", "first"}, {"two/a.txt", "second one"}});
+  corpus.pack("same-name-in-two-folders", {{"one/a.txt", "first"}, {"two/a.txt", "second one"}});
   corpus.pack("odd-names",
               {{"../up.txt", "up"},
                {"/root.txt", "root"},
@@ -79,6 +79,8 @@ void packAll(Corpus corpus) {
   constexpr std::uint64_t large = 5ULL << 32;
   corpus.write("no-name", madeByHand({{"", "nameless"}, {"in/", ""}, {"in/a.txt", "alpha"}}));
   corpus.write("large-before-small", madeByHand({{"a.txt", "1", 0x80000000U}, {"a.txt", "alpha"}}));
+  corpus.write("same-name-twice", madeByHand({{"in/a.txt", "first"}, {"in/a.txt", "other"}}));
+  corpus.write("slash-in-front", madeByHand({{"a.txt", "first"}, {"/a.txt", "other"}}));
   corpus.write("zip64-sizes", madeByHand({{"small.txt", "alpha", std::nullopt, true},
                                           {"large.txt", "beta", large, true}}));
   ArchiveByHand zip64;

@@ -6,15 +6,16 @@
 #include <filesystem>
 #include <limits>
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
+#include <zip.h>
 
 #include "catalogue/dirTable.h"
 #include "catalogue/extensions.h"
 #include "catalogue/fileTable.h"
 #include "catalogue/modUnzip.h"
 #include "core/scanState.h"
+#include "core/text.h"
 #include "fuzz/require.h"
 #include "platform/linux/pathMapping.h"
 #include "platform/linux/temporaryTree.h"
@@ -30,7 +31,25 @@ namespace fs = std::filesystem;
 struct Listed {
   std::string name;
   std::uint64_t size;
+
+  friend bool operator==(const Listed&, const Listed&) = default;
 };
+
+// What libzip itself has, entry by entry.
+std::vector<Listed> entriesOf(const std::string& path) {
+  std::vector<Listed> entries;
+  zip_t* const archive = zip_open(path.c_str(), ZIP_RDONLY, nullptr);
+  if (archive == nullptr) return entries;
+  const auto count = static_cast<zip_uint64_t>(zip_get_num_entries(archive, 0));
+  for (zip_uint64_t index = 0; index < count; ++index) {
+    zip_stat_t facts;
+    const char* const name = zip_get_name(archive, index, ZIP_FL_ENC_GUESS);
+    if (zip_stat_index(archive, index, 0, &facts) == 0)
+      entries.push_back({windowsName(name == nullptr ? "" : name), facts.size});
+  }
+  zip_discard(archive);
+  return entries;
+}
 
 class Callbacks : public ArchiveCallbacks {
  public:
@@ -78,15 +97,16 @@ class ArchiveInATree {
     constexpr std::size_t mostEntries = 16;
     const int result = run({}, 1);
     if (result != archiveOk) require(callbacks_.listed.empty(), "what can't be read lists nothing");
-    // Of entries of one name the first that has a size for the catalogue is meant.
-    std::map<std::string, std::optional<std::uint64_t>> sizes;
+    require(callbacks_.listed == entriesOf(tree_.path("archive.zip")), "each entry is listed");
+    // By name, of those that have a size for the catalogue.
+    std::map<std::string, std::vector<std::uint64_t>> sizes;
     for (const auto& [name, size] : callbacks_.listed) {
       if (sizes.size() == mostEntries && !sizes.contains(name)) continue;
-      std::optional<std::uint64_t>& first = sizes[name];
-      if (!first && size <= largestSize) first = size;
+      std::vector<std::uint64_t>& ofName = sizes[name];
+      if (size <= largestSize) ofName.push_back(size);
     }
-    for (const auto& [name, size] : sizes)
-      extract(name, size);
+    for (const auto& [name, ofName] : sizes)
+      extract(name, ofName);
   }
 
   void listIntoTheCatalogue() {
@@ -118,8 +138,14 @@ class ArchiveInATree {
   }
 
   void requireEntries(Int32 zipRow) const {
-    require(FileCount <= ZipEntryCount && ZipEntryCount <= Int32(callbacks_.listed.size()),
-            "no file is made up");
+    require(ZipEntryCount ==
+                countOfListed([](const Listed& entry) { return entry.size <= largestSize; }),
+            "each entry with a size is told to the catalogue");
+    require(FileCount == countOfListed([](const Listed& entry) {
+              const std::string_view name = firstCharacters(entry.name, longestEntryName);
+              return entry.size <= largestSize && !name.empty() && !name.ends_with('/');
+            }),
+            "each file is in the catalogue, and none is made up");
     for (Int32 file = 1; file <= FileCount; ++file) {
       const std::string_view name = FileTable.FileName[file];
       require(!name.empty() && name.find('/') == name.npos, "a file has a bare name");
@@ -132,18 +158,23 @@ class ArchiveInATree {
     }
   }
 
-  void extract(const std::string& name, std::optional<std::uint64_t> size) {
+  template <class Condition>
+  std::int64_t countOfListed(Condition condition) const {
+    return std::ranges::count_if(callbacks_.listed, condition);
+  }
+
+  void extract(const std::string& name, const std::vector<std::uint64_t>& sizes) {
     requireNoPath(name);
     const int result = run({withEscapedBrackets(name)}, 0);
     const std::string bare = linuxName(name.substr(name.rfind('/') + 1));
     const std::vector<fs::path> found = namesIn(tree_.path("out"));
     if (result == archiveOk) {
-      require(size.has_value(), "what is in no catalogue is not extracted");
+      require(sizes.size() == 1, "what is extracted is the one entry of its name in a catalogue");
       require(found == std::vector<fs::path>{bare},
               "an entry has its bare name and leaves no more");
       const fs::path file = tree_.path("out/" + bare);
       require(fs::is_regular_file(fs::symlink_status(file)), "an entry becomes a file");
-      require(fs::file_size(file) == *size, "an entry is as long as the archive tells");
+      require(fs::file_size(file) == sizes.front(), "an entry is as long as the archive tells");
       fs::remove(file);
     } else {
       require(found.empty(), "an entry that can't be extracted leaves nothing");

@@ -32,6 +32,9 @@ struct ArchiveOptions {
   std::string lpszExtractDir;   // Where an extraction goes; empty for a listing.
 };
 
+// How much of an entry's name the catalogue takes, in characters.
+constexpr std::size_t longestEntryName = 256;
+
 // One entry, as a listing tells it. Seconds of the date are 0.
 struct ArchiveEntry {
   std::string_view name;  // Forward slashes; a folder's name ends in one.
@@ -73,7 +76,9 @@ class Archives {
   virtual ~Archives() = default;
 
   // With nvflag lists the archive, else extracts the entries that are named. In a name, "[" and "]"
-  // have a backslash in front, and letter case counts. An extraction writes a whole file into
+  // have a backslash in front, and letter case counts. A name that fits several entries, or that
+  // several have in the catalogue, fits none: the content of one would pass for that of another.
+  // An extraction writes a whole file into
   // lpszExtractDir under the entry's bare name, in the place of a file that is there, without a
   // question and never through a link; or it fails and leaves what was there as it was.
   virtual int singleEntryUnzip(std::span<const std::string> included, const ArchiveOptions& options,

@@ -48,17 +48,20 @@ int ScriptedArchives::singleEntryUnzip(std::span<const std::string> included,
 
 int ScriptedArchives::extract(const std::string& escaped, const ArchiveOptions& options,
                               ArchiveCallbacks& callbacks) {
-  for (const ScriptedEntry& entry : contents[options.lpszZipFN]) {
-    if (entry.name != withoutEscapedBrackets(escaped)) continue;
-    std::array<char, 16> password{};
-    if (entry.encrypted && callbacks.password(password) != 0) {
-      callbacks.print("   skipping: " + entry.name + "  incorrect password\n");
-      return archiveBadPassword;
-    }
-    return write(entry, options.lpszExtractDir, callbacks);
+  const std::vector<ScriptedEntry>& entries = contents[options.lpszZipFN];
+  const std::string name = withoutEscapedBrackets(escaped);
+  const auto isMeant = [&](const ScriptedEntry& entry) { return entry.name == name; };
+  if (std::ranges::count_if(entries, isMeant) != 1) {
+    callbacks.print("caution: filename not matched:  " + escaped + "\n");
+    return archiveNoMatchingEntry;
   }
-  callbacks.print("caution: filename not matched:  " + escaped + "\n");
-  return archiveNoMatchingEntry;
+  const ScriptedEntry& entry = *std::ranges::find_if(entries, isMeant);
+  std::array<char, 16> password{};
+  if (entry.encrypted && callbacks.password(password) != 0) {
+    callbacks.print("   skipping: " + entry.name + "  incorrect password\n");
+    return archiveBadPassword;
+  }
+  return write(entry, options.lpszExtractDir, callbacks);
 }
 
 // As the real library, which writes a file under another name until it is whole.

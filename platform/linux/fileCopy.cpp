@@ -12,6 +12,7 @@
 #include "platform/linux/exactPath.h"
 #include "platform/linux/systemCall.h"
 #include "platform/linux/unfinishedFile.h"
+#include "platform/linux/writeAll.h"
 
 namespace quernstoke {
 
@@ -31,17 +32,6 @@ bool isSameEntry(const struct stat& left, const struct stat& right) {
 bool isUnchanged(const struct stat& before, const struct stat& after) {
   return isSameEntry(before, after) && before.st_size == after.st_size &&
          isSameTime(before.st_mtim, after.st_mtim) && isSameTime(before.st_ctim, after.st_ctim);
-}
-
-int writeAll(int target, const char* bytes, std::size_t length) {
-  while (length > 0) {
-    const ssize_t written = ::write(target, bytes, length);
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return -errno;
-    bytes += written;
-    length -= static_cast<std::size_t>(written);
-  }
-  return 0;
 }
 
 // No more than the length that the file had, as one that grows all the time has no end.

@@ -6,7 +6,6 @@
 #include <fcntl.h>
 #include <limits.h>
 #include <limits>
-#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <unordered_map>
@@ -18,7 +17,9 @@
 #include "platform/linux/descriptor.h"
 #include "platform/linux/pathLookup.h"
 #include "platform/linux/systemCall.h"
+#include "platform/linux/writeAll.h"
 #include "platform/linux/zipSource.h"
+#include "platform/utf8.h"
 
 namespace quernstoke {
 
@@ -82,6 +83,20 @@ ArchiveEntry describe(std::string_view name, const zip_stat_t& facts) {
   return entry;
 }
 
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+  std::size_t end = 0;
+  for (; count > 0 && end < text.size(); --count)
+    end += characterAt(text, end).length;
+  return text.substr(0, end);
+}
+
+// What is left of a name in the catalogue, which keeps folder and bare name apart, so that one
+// slash in front of an entry of the root is lost, and cuts what is too long.
+std::string_view nameInCatalogue(std::string_view name) {
+  const std::string_view kept = firstCharacters(name, longestEntryName);
+  return kept.rfind('/') == 0 ? kept.substr(1) : kept;
+}
+
 // The name of the file that an entry becomes; empty if no file can have it.
 std::string bareLinuxName(std::string_view name) {
   const std::string bare = linuxName(name.substr(name.rfind('/') + 1));  // npos + 1 is 0.
@@ -114,13 +129,7 @@ class NewFile {
   bool isOpen() const { return file_.isOpen(); }
 
   bool write(std::span<const char> bytes) {
-    while (!bytes.empty()) {
-      const ssize_t written = ::write(file_.get(), bytes.data(), bytes.size());
-      if (written < 0 && errno == EINTR) continue;
-      if (written <= 0) return false;
-      bytes = bytes.subspan(static_cast<std::size_t>(written));
-    }
-    return true;
+    return writeAll(file_.get(), bytes.data(), bytes.size()) == 0;
   }
 
   // Closes the file and gives it its name, in the place of another file. Links and the like stay.
@@ -223,9 +232,14 @@ class ZipArchives::OpenArchive {
   }
 
   int extract(const std::string& name, const std::string& directory, ArchiveCallbacks& callbacks) {
-    const auto index = find(name);
+    const Candidate* const found = find(name);
+    if (found != nullptr && !found->isOnlyOne) {
+      callbacks.print("caution: more than one entry has this name:  " + name + "\n");
+      return archiveNoMatchingEntry;
+    }
     zip_stat_t facts;
-    if (!index || zip_stat_index(archive_.get(), *index, 0, &facts) != 0) {
+    if (found == nullptr || entryName(found->index) != name ||
+        zip_stat_index(archive_.get(), found->index, 0, &facts) != 0) {
       callbacks.print("caution: filename not matched:  " + name + "\n");
       return archiveNoMatchingEntry;
     }
@@ -235,7 +249,7 @@ class ZipArchives::OpenArchive {
       return archiveNoMatchingEntry;
     }
     callbacks.service(name);
-    const Entry entry = openEntry(archive_.get(), *index, facts, callbacks);
+    const Entry entry = openEntry(archive_.get(), found->index, facts, callbacks);
     if (!entry && wantsPassword(archive_.get())) {
       callbacks.print("   skipping: " + name + "  incorrect password\n");
       return archiveBadPassword;
@@ -248,6 +262,13 @@ class ZipArchives::OpenArchive {
   }
 
  private:
+  // The first entry of a name in the catalogue. If there are more, none can be told from another.
+  struct Candidate {
+    zip_uint64_t index;
+    bool isOnlyOne = true;
+  };
+  using Candidates = std::unordered_map<std::string, Candidate>;
+
   zip_uint64_t count() const {
     return static_cast<zip_uint64_t>(zip_get_num_entries(archive_.get(), 0));
   }
@@ -258,27 +279,30 @@ class ZipArchives::OpenArchive {
     return name == nullptr ? std::string() : windowsName(name);
   }
 
-  // The first entry of this name, letter case counting. One without a 32-bit size is in no
-  // catalogue, and could fill the disk.
-  std::optional<zip_uint64_t> find(const std::string& name) {
+  // The entry that is asked for, if there is one of its name in the catalogue, letter case
+  // counting. An entry without a 32-bit size is in no catalogue, and could fill the disk.
+  const Candidate* find(const std::string& name) {
     constexpr zip_uint64_t largest = std::numeric_limits<std::int32_t>::max();
-    if (indexOfName_.empty()) {
-      std::unordered_map<std::string, zip_uint64_t> whole;  // Kept only if memory lasts.
+    if (candidates_.empty()) {
+      Candidates whole;  // Kept only if memory lasts.
       for (zip_uint64_t index = 0; index < count(); ++index) {
         zip_stat_t facts;
-        if (zip_stat_index(archive_.get(), index, 0, &facts) == 0 && facts.size <= largest)
-          whole.try_emplace(entryName(index), index);
+        if (zip_stat_index(archive_.get(), index, 0, &facts) != 0 || facts.size > largest) continue;
+        const std::string told = entryName(index);
+        const auto [known, isNew] =
+            whole.try_emplace(std::string(nameInCatalogue(told)), Candidate{index});
+        if (!isNew) known->second.isOnlyOne = false;
       }
-      indexOfName_ = std::move(whole);
+      candidates_ = std::move(whole);
     }
-    const auto found = indexOfName_.find(name);
-    return found == indexOfName_.end() ? std::nullopt : std::optional(found->second);
+    const auto found = candidates_.find(std::string(nameInCatalogue(name)));
+    return found == candidates_.end() ? nullptr : &found->second;
   }
 
   Identity identity_;
   ZipSource source_;
   Archive archive_;
-  std::unordered_map<std::string, zip_uint64_t> indexOfName_;  // Empty until one is looked for.
+  Candidates candidates_;  // Empty until one is looked for.
 };
 
 ZipArchives::ZipArchives(DriveTable drives) : drives_(std::move(drives)) {}

@@ -10,6 +10,7 @@
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 #include "platform/linux/handMadeArchive.h"
@@ -412,11 +413,64 @@ TEST_F(ZipArchivesTest, EntryOfTwoGibibytesAndMoreIsNotExtracted) {
   EXPECT_THAT(namesIn("out"), IsEmpty());
 }
 
-// The one that is in the catalogue is meant.
-TEST_F(ZipArchivesTest, OfTwoEntriesOfOneNameTheFirstOfALesserSizeIsExtracted) {
-  byHand({{"a.txt", "1", 0x80000000U}, {"a.txt", "second"}, {"a.txt", "third"}});
+// One of 2 GiB or more is in no catalogue, so that it is not meant.
+TEST_F(ZipArchivesTest, OfTwoEntriesOfOneNameTheOneOfALesserSizeIsExtracted) {
+  byHand({{"a.txt", "1", 0x80000000U}, {"a.txt", "second"}});
   EXPECT_EQ(extract("a.txt"), archiveOk);
   EXPECT_EQ(tree.content("out/a.txt"), "second");
+}
+
+// Names that can't be told from one another in the catalogue. Whichever were extracted, it might
+// be taken for the other, and a file that only equals this one for a copy of that.
+class AmbiguousNameTest : public ZipArchivesTest {
+ protected:
+  void expectRefused(const std::string& name) {
+    answers.said.clear();
+    EXPECT_EQ(extract(name), archiveNoMatchingEntry) << name;
+    EXPECT_EQ(answers.said, "caution: more than one entry has this name:  " + name + "\n");
+    EXPECT_THAT(namesIn("out"), IsEmpty()) << name;
+  }
+};
+
+TEST_F(AmbiguousNameTest, NeitherOfTwoEntriesOfOneNameIsExtracted) {
+  byHand({{"in/a.txt", "first"}, {"in/a.txt", "other"}, {"a.txt", "of the root"}});
+  expectRefused("in/a.txt");
+  EXPECT_EQ(extract("a.txt"), archiveOk);
+  EXPECT_EQ(tree.content("out/a.txt"), "of the root");
+}
+
+TEST_F(AmbiguousNameTest, SlashInFrontOfAnEntryOfTheRootDoesNotTellItFromAnother) {
+  for (const auto& [first, second] :
+       {std::pair("root.txt", "/root.txt"), {"/root.txt", "root.txt"}}) {
+    byHand({{first, "12345"}, {second, "67890"}});
+    expectRefused("root.txt");
+    expectRefused("/root.txt");
+  }
+}
+
+TEST_F(AmbiguousNameTest, SlashInFrontOfAFolderTellsItFromAnother) {
+  byHand({{"in/a.txt", "12345"}, {"/in/a.txt", "67890"}});
+  EXPECT_EQ(extract("in/a.txt"), archiveOk);
+  EXPECT_EQ(tree.content("out/a.txt"), "12345");
+  EXPECT_EQ(extract("/in/a.txt"), archiveOk);
+  EXPECT_EQ(tree.content("out/a.txt"), "67890");
+}
+
+TEST_F(AmbiguousNameTest, WhatTheCatalogueCutsOffDoesNotTellNamesApart) {
+  const std::string name = std::string(longestEntryName - 2, 'f') + "/a";
+  byHand({{name + "1", "12345"}, {name + "2", "67890"}});
+  expectRefused(name);
+  byHand({{name, "12345"}, {name + "2", "67890"}});
+  expectRefused(name);
+}
+
+TEST_F(AmbiguousNameTest, LongNamesThatDifferInTheirLastCharacterAreTwo) {
+  std::string folder;
+  while (folder.size() < 2 * (longestEntryName - 2))
+    folder += "\xC3\xA9";
+  byHand({{folder + "/a", "12345"}, {folder + "/b", "67890"}});
+  EXPECT_EQ(extract(folder + "/b"), archiveOk);
+  EXPECT_EQ(tree.content("out/b"), "67890");
 }
 
 TEST_F(ZipArchivesTest, DirectoryOfThatNameStays) {
@@ -451,20 +505,20 @@ TEST_F(ZipArchivesTest, EntryOfAnotherSizeThanItClaimsLeavesNothing) {
 }
 
 // Files can't grow beyond some bytes, as on a disk that is full.
-class SmallDisk {
+class LimitedFileSize {
  public:
-  explicit SmallDisk(rlim_t bytes) {
+  explicit LimitedFileSize(rlim_t bytes) {
     ::getrlimit(RLIMIT_FSIZE, &before_);
     const rlimit small{bytes, before_.rlim_max};
     ::setrlimit(RLIMIT_FSIZE, &small);
     handler_ = std::signal(SIGXFSZ, SIG_IGN);
   }
-  ~SmallDisk() {
+  ~LimitedFileSize() {
     ::setrlimit(RLIMIT_FSIZE, &before_);
     std::signal(SIGXFSZ, handler_);
   }
-  SmallDisk(const SmallDisk&) = delete;
-  SmallDisk& operator=(const SmallDisk&) = delete;
+  LimitedFileSize(const LimitedFileSize&) = delete;
+  LimitedFileSize& operator=(const LimitedFileSize&) = delete;
 
  private:
   rlimit before_{};
@@ -473,7 +527,7 @@ class SmallDisk {
 
 TEST_F(ZipArchivesTest, FullDiskLeavesNothing) {
   packed({{"a.txt", std::string(1'000'000, 'x')}});
-  const SmallDisk disk(100'000);
+  const LimitedFileSize limit(100'000);
   EXPECT_EQ(extract("a.txt"), archiveDiskFull);
   EXPECT_THAT(answers.said, HasSubstr("the disk may be full"));
   EXPECT_THAT(namesIn("out"), IsEmpty());
@@ -540,7 +594,7 @@ TEST_F(WorkingFileTest, WhatAKilledProgramLeavesHasTheNameOfATempFile) {
   const pid_t child = ::fork();
   ASSERT_GE(child, 0);
   if (child == 0) {
-    const SmallDisk disk(100'000);
+    const LimitedFileSize limit(100'000);
     std::signal(SIGXFSZ, SIG_DFL);
     extract("a.txt");
     ::_exit(0);

@@ -25,6 +25,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 class ZipExtractionTest : public EngineTest {
  protected:
@@ -72,6 +73,19 @@ TEST_F(ZipExtractionTest, EntryThatKeepsItsNameReplacesNothing) {
   tree.file("temp/a.txt", "old and longer");
   EXPECT_EQ(extract("docs", "a.txt", true), "");
   EXPECT_EQ(tree.content("temp/a.txt"), "old and longer");
+}
+
+TEST_F(ZipExtractionTest, LinkThatLeadsNowhereIsPassedOverAndStays) {
+  packArchive(tree.path("a.zip"), {{"a.txt", "of the archive"}});
+  tree.link("temp/TMP1", tree.path("gone"));
+  tree.link("temp/TMP3", tree.path("gone"));
+  EXPECT_EQ(extract("", "a.txt"), inTempDir("TMP2"));
+  std::string name;
+  realDisk.close(basOpenTempFile(name));
+  EXPECT_EQ(name, inTempDir("TMP4"));
+  EXPECT_THAT(namesInTempDir(), UnorderedElementsAre("TMP1", "TMP2", "TMP3", "TMP4"));
+  EXPECT_FALSE(tree.exists("gone"));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
 TEST_F(ZipExtractionTest, DamagedEntryIsNoFile) {
