@@ -34,6 +34,7 @@ namespace {
 const std::string logPath = "C:\\Quernstoke\\quernstoke.log";
 const std::string tempPath = "C:\\Quernstoke\\temp\\";
 const std::string filesPath = "C:\\Quernstoke\\Profiles\\Tree.files";
+const std::string dirsPath = "C:\\Quernstoke\\Profiles\\Tree.dir";
 
 // The last two go on from the call that they break.
 enum class Fault { usual, diskFull, outOfMemory, staysFull, mediumGone };
@@ -454,6 +455,14 @@ class SabotagedScan : private StandIns {
     for (const std::string& path : directories)
       EXPECT_TRUE(scan_ == Scan::first && path.starts_with("C:\\Quern")) << path;
   }
+  // Of a file whose directory is lost the bare name is none of another file. A temp file that
+  // vanished is opened by no name.
+  void expectOnlyKnownPathsOpened() const {
+    for (const DiskCall& call : disk.calls)
+      EXPECT_TRUE(call.action != DiskAction::open || call.path.empty() ||
+                  call.path.starts_with("C:\\Data\\") || call.path.starts_with("C:\\Quern"))
+          << call.path;
+  }
   // No others are ever cleared away.
   void expectOnlyTempNamesLeftInTemp() const {
     for (const auto& [path, content] : disk.allFiles())
@@ -658,6 +667,7 @@ TEST_P(FaultInjectionTest, OneBrokenCallHarmsNothing) {
     scan.expectOnlyOwnFilesOpen();
     if (!goesOn(fault)) scan.expectOnlyTheBrokenFileOpen(saboteur.brokenPath());
     scan.expectTrueMatches();
+    scan.expectOnlyKnownPathsOpened();
     scan.expectAUsableProgram();
     refusals.merge(scan.told());
     scan.expectUserFilesAsTheyWere();
@@ -665,6 +675,7 @@ TEST_P(FaultInjectionTest, OneBrokenCallHarmsNothing) {
     if (kind == Scan::paused && scan.canGoOnByContent()) {
       ++continuations;
       scan.goOn();
+      scan.expectOnlyKnownPathsOpened();
       scan.expectTrueMatches();
       scan.expectUserFilesAsTheyWere();
     }
@@ -695,6 +706,24 @@ TEST(BrokenSnapshotTest, SnapshotThatCouldNotBeReadIsLostToTheScanThatIsContinue
   EXPECT_EQ(scan.filesSnapshot(), "");
   scan.expectAUsableProgram();
   scan.expectUserFilesAsTheyWere();
+}
+
+// Wherever it ends, a line that was begun is a directory without a name.
+TEST(BrokenSnapshotTest, FilesOfALostDirectoryAreNotTakenForThoseOfTheRoot) {
+  const Case given = {Scan::continued, Fault::usual};
+  const Tree user = userTreeFor(given);
+  const Tree prepared = SabotagedScan(given, user, user).prepare();
+  const std::string whole = prepared.files.at(dirsPath).content;
+  for (std::size_t length = 0; length < whole.size(); length += 5) {
+    SCOPED_TRACE(length);
+    Tree torn = prepared;
+    torn.files.at(dirsPath).content.resize(length);
+    SabotagedScan scan(given, user, torn);
+    scan.run(nothingBreaks);
+    scan.expectOnlyKnownPathsOpened();
+    scan.expectTrueMatches();
+    scan.expectUserFilesAsTheyWere();
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(
