@@ -23,12 +23,12 @@ bool isLinked(const std::string& profile, Int32 fileType) {
 
 }  // namespace
 
-std::string profileLinkedTo(Int32 fileType) {
+std::optional<std::string> profileLinkedTo(Int32 fileType) {
   for (Int16 slot = 1; slot <= lastProfileSlot; ++slot) {
     const std::string& profile = ProfileList.ProfileNameList[slot];
     if (isLinked(profile, fileType)) return profile;
   }
-  return {};
+  return std::nullopt;
 }
 
 }  // namespace quernstoke

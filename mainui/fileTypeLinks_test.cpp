@@ -32,19 +32,19 @@ TEST_F(FileTypeLinksTest, HalvesOfAPairAreTakenForTheirRows) {
   profile(3, kind("I") + kind("1") + kind("2"));
   EXPECT_EQ(profileLinkedTo(1), "profile3");
   EXPECT_EQ(profileLinkedTo(2), "profile3");
-  EXPECT_EQ(profileLinkedTo(3), "");
+  EXPECT_EQ(profileLinkedTo(3), std::nullopt);
 }
 
 // The row that a directory does use counts for nothing.
 TEST_F(FileTypeLinksTest, FileTypesOfADirectoryAreNoLink) {
   profile(1, kind("I") + "IncludeExtensions\t1\t5\tS\r");
-  EXPECT_EQ(profileLinkedTo(5), "");
+  EXPECT_EQ(profileLinkedTo(5), std::nullopt);
 }
 
 TEST_F(FileTypeLinksTest, TheWholePartCountsAndOtherTextsDoNot) {
   profile(1, kind("7.9") + kind("E") + kind("") + kind("99999999999"));
   EXPECT_EQ(profileLinkedTo(7), "profile1");
-  EXPECT_EQ(profileLinkedTo(8), "");
+  EXPECT_EQ(profileLinkedTo(8), std::nullopt);
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 

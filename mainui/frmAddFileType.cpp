@@ -38,7 +38,7 @@ std::string itemText(const QListWidget& list, int position) {
   return engineText(list.item(position)->text());
 }
 
-std::string_view withoutPattern(std::string_view extension) {
+std::string_view withoutStarAndDot(std::string_view extension) {
   for (const char prefix : {'*', '.'})
     if (extension.starts_with(prefix)) extension.remove_prefix(1);
   return extension;
@@ -157,9 +157,8 @@ void frmAddFileType::deleteType() {
   if (position == none) return;
   const Int32 row = selectedRow();
   if (refusesRow(row)) return;
-  const std::string profile = profileLinkedTo(row);
-  if (!profile.empty()) {
-    dialogs().messageBox("Can't delete file type as it's linked to profile '" + profile + "'");
+  if (const auto profile = profileLinkedTo(row)) {
+    dialogs().messageBox("Can't delete file type as it's linked to profile '" + *profile + "'");
     return;
   }
   FileTypeTable.FileTypeDescription[row].clear();
@@ -197,7 +196,7 @@ void frmAddFileType::basEditFileExtension(int position) {
     const std::string entered =
         dialogs().inputBox("Enter new file type", "", itemText(list, position));
     if (entered.empty()) return;
-    list.item(position)->setText(qtText("*." + std::string(withoutPattern(entered))));
+    list.item(position)->setText(qtText("*." + std::string(withoutStarAndDot(entered))));
     basRebuildExtensionList();
   });
 }

@@ -5,8 +5,6 @@
 #include "controls/form.h"
 #include "core/integers.h"
 
-class QListWidgetItem;
-
 namespace Ui {
 class frmAddFileType;
 }

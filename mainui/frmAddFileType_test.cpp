@@ -4,6 +4,7 @@
 #include <QListWidget>
 #include <QPointer>
 #include <QPushButton>
+#include <tuple>
 
 #include "core/modMain.h"
 #include "mainui/modalForms.h"
@@ -456,6 +457,57 @@ TEST_F(FileTypesDialog, TextsAreShownAsTheyAreAndComeBackUnchanged) {
   clickItem(extensions(), 1);
   deleteExtension();
   EXPECT_EQ(list(2), "*.\xFF");
+  dialogBoxes.inputs = {"", odd + "!"};
+  doubleClickItem(types(), 1);
+  EXPECT_EQ(description(2), odd);
+  doubleClickItem(types(), 1);
+  EXPECT_EQ(description(2), odd + "!");
+  EXPECT_THAT(dialogBoxes.presets, ElementsAre(odd, odd));
+}
+
+TEST_F(FileTypesDialog, AnExtensionIsPresetWithItsText) {
+  FileTypeTable.FileTypesList[2] = "*.a;*.b";
+  open(2);
+  doubleClickItem(extensions(), 1);
+  EXPECT_THAT(dialogBoxes.presets, ElementsAre("*.B"));
+}
+
+TEST_F(FileTypesDialog, FailedChangesAreReportedByTheirNames) {
+  FileTypeTable.FileTypesList[2] = "*.a";
+  open(2);
+  dialogBoxes.failNext = FailureNumber::outOfMemory;
+  doubleClickItem(types(), 1);
+  expectReport("basEditDescription", "Out of memory(7)");
+  dialogBoxes.failNext = FailureNumber::outOfMemory;
+  doubleClickItem(extensions(), 0);
+  expectReport("basEditFileExtension", "Out of memory(7)");
+}
+
+TEST_F(FileTypesDialog, EachListHasItsButtonsBelowIt) {
+  open();
+  const auto place = [this](const std::string& name) {
+    const QWidget& widget = control<QWidget>(name);
+    return QRect(widget.mapTo(dialog_, QPoint()), widget.size());
+  };
+  for (const auto& [list, first, last] :
+       {std::tuple("lstDescription", 0, 1), std::tuple("lstFileExtensions", 2, 3)})
+    for (const int index : {first, last}) {
+      const QRect button = place("cmdAddorDelete_" + std::to_string(index));
+      EXPECT_GT(button.top(), place(list).bottom()) << index;
+      EXPECT_GE(button.left(), place(list).left()) << index;
+      EXPECT_LE(button.right(), place(list).right()) << index;
+    }
+}
+
+TEST_F(FileTypesDialog, AProfileWithoutANameMayBeLinkedToo) {
+  makeProfiles();
+  ProfileList.ProfileNameList[5].clear();
+  disk.file(ProfilesDir + "\\.profile", "IncludeExclude\t0\t2\tS\r");
+  open(2);
+  deleteType();
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre("Can't delete file type as it's linked to profile ''"));
+  EXPECT_NE(description(2), "");
 }
 
 // Leaving.

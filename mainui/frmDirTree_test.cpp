@@ -5,7 +5,6 @@
 #include <QListWidget>
 #include <QPointer>
 #include <QPushButton>
-#include <QScreen>
 
 #include "controls/treeView.h"
 #include "controls/units.h"
@@ -392,7 +391,7 @@ TEST_F(DirectoryPicker, AClickOnAnUnreadableDirectoryChoosesItWithoutAWord) {
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
-TEST_F(DirectoryPicker, FailuresAreReportedByTheNamesOfTheirHandlers) {
+TEST_F(DirectoryPicker, AFailedLoadIsReported) {
   const auto expectReport = [this](const std::string& name, const std::string& reason) {
     EXPECT_THAT(dialogBoxes.messages,
                 ElementsAre("Procedure error in '" + name + "'.  Reason: " + reason + "."));
@@ -411,6 +410,15 @@ TEST_F(DirectoryPicker, FailuresAreReportedByTheNamesOfTheirHandlers) {
   desk.failure = FailureNumber::deviceError;
   open("C:\\home");
   expectReport("Form_Load", "Device I/O error(57)");
+}
+
+TEST_F(DirectoryPicker, LeavesTheOtherHalfOfTheDialogueAsItWas) {
+  for (const char* way : {"cmdOK", "cmdCancel"}) {
+    open("C:\\home", 0);
+    DialogValue = 7;
+    press(way);
+    EXPECT_EQ(DialogValue, 7) << way;
+  }
 }
 
 // Its looks.

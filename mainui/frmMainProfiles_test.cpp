@@ -25,17 +25,6 @@ class MainWindowProfiles : public MainWindowTest {
   static std::string shownProfile() { return list("cboProfile").currentText().toStdString(); }
 };
 
-// What the input box is preset with is seen here alone.
-class PresetDialogs : public ScriptedDialogs {
- public:
-  std::vector<std::string> presets;
-  std::string inputBox(std::string_view prompt, std::string_view title,
-                       std::string_view preset) override {
-    presets.emplace_back(preset);
-    return ScriptedDialogs::inputBox(prompt, title, preset);
-  }
-};
-
 TEST_F(MainWindowProfiles, ChoosingOneLoadsAndShowsIt) {
   haveProfile("Ann", [] {
     ProfileSettings.Desc = "Holidays";
@@ -128,15 +117,12 @@ TEST_F(MainWindowProfiles, ACurrentOneWhoseFileIsGoneIsWrittenAgain) {
 }
 
 TEST_F(MainWindowProfiles, ANewOneIsAskedForItsName) {
-  PresetDialogs asking;
-  usePlatform({&disk, &archiveLibrary, &asking, &desk, &eventLoop, &clock, &locale, &window,
-               &statusWindow, &resultsWindow});
-  asking.inputs = {"New one"};
+  dialogBoxes.inputs = {"New one"};
   open();
   choose("<New Profile>");
-  EXPECT_THAT(asking.messages, ElementsAre("Enter new profile name"));
-  EXPECT_THAT(asking.titles, ElementsAre("Profile Name"));
-  EXPECT_THAT(asking.presets, ElementsAre("Untitled"));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Enter new profile name"));
+  EXPECT_THAT(dialogBoxes.titles, ElementsAre("Profile Name"));
+  EXPECT_THAT(dialogBoxes.presets, ElementsAre("Untitled"));
 }
 
 TEST_F(MainWindowProfiles, ANewOneIsStoredSelectedAndItsDescriptionCanBeTypedOver) {
@@ -214,19 +200,16 @@ TEST_F(MainWindowProfiles, CharactersThatAFileNameCannotHoldAreDropped) {
 
 // The check comes after the dropping, so that a hidden twin is found too.
 TEST_F(MainWindowProfiles, AKnownNameIsRefusedInAnyCaseAndAskedForAgain) {
-  PresetDialogs asking;
-  usePlatform({&disk, &archiveLibrary, &asking, &desk, &eventLoop, &clock, &locale, &window,
-               &statusWindow, &resultsWindow});
   haveProfile("Ann");
   open();
-  asking.inputs = {"ANN", "a:nn", "Zoe"};
+  dialogBoxes.inputs = {"ANN", "a:nn", "Zoe"};
   choose("<New Profile>");
-  EXPECT_THAT(asking.messages,
+  EXPECT_THAT(dialogBoxes.messages,
               ElementsAre("Enter new profile name", "List already exists", "Enter new profile name",
                           "List already exists", "Enter new profile name"));
-  EXPECT_THAT(asking.titles,
+  EXPECT_THAT(dialogBoxes.titles,
               ElementsAre("Profile Name", "Error", "Profile Name", "Error", "Profile Name"));
-  EXPECT_THAT(asking.presets, ElementsAre("Untitled", "Untitled", "Untitled"));
+  EXPECT_THAT(dialogBoxes.presets, ElementsAre("Untitled", "Untitled", "Untitled"));
   EXPECT_EQ(ProfileName, "Zoe");
 }
 

@@ -48,10 +48,11 @@ Answer ScriptedDialogs::messageBox(std::string_view text, Buttons shown, std::st
 }
 
 std::string ScriptedDialogs::inputBox(std::string_view prompt, std::string_view title,
-                                      std::string_view /*preset*/) {
+                                      std::string_view preset) {
   failIfTold();
   messages.emplace_back(prompt);
   titles.emplace_back(title);
+  presets.emplace_back(preset);
   return takeFront(inputs, std::string());
 }
 

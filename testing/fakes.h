@@ -29,6 +29,7 @@ class ScriptedDialogs : public Dialogs {
   std::vector<Icon> icons;                // Likewise.
   std::vector<Answer> answers;            // Taken from the front.
   std::vector<std::string> inputs;        // Likewise, for input boxes.
+  std::vector<std::string> presets;       // Of the input boxes.
   std::optional<FailureNumber> failNext;  // The next box fails with this.
   int beeps = 0;
 
