@@ -128,10 +128,18 @@ void frmAddFileType::lstFileExtensions_DblClick() {
 }
 
 void frmAddFileType::cmdAddorDelete_Click(int index) {
-  using Action = void (frmAddFileType::*)();
-  constexpr Action actions[] = {&frmAddFileType::addType, &frmAddFileType::deleteType,
-                                &frmAddFileType::addExtension, &frmAddFileType::deleteExtension};
-  procedure("cmdAddorDelete_Click", [&] { (this->*actions[index])(); });
+  procedure("cmdAddorDelete_Click", [&] {
+    switch (index) {
+      case 0:
+        return addType();
+      case 1:
+        return deleteType();
+      case 2:
+        return addExtension();
+      default:
+        return deleteExtension();
+    }
+  });
 }
 
 void frmAddFileType::addType() {
