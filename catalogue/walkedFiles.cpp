@@ -17,7 +17,8 @@ namespace {
 using Outcome = Deletion::Outcome;
 
 bool livesOnDisk(Int32 file) {
-  return isListedDirectory(FileTable.FileDirNum[file]) && !isInZip(file);
+  return isListedDirectory(FileTable.FileDirNum[file]) && !isInZip(file) &&
+         !directoryOf(file).name.empty();
 }
 
 bool mayBeSame(Int32 file, Int32 other) {
@@ -81,7 +82,9 @@ bool isInZip(Int32 file) {
 }
 
 std::string pathOnDisk(Int32 file) {
-  return directoryOf(file).name + "\\" + std::string(FileTable.FileName[file]);
+  const std::string& directory = directoryOf(file).name;
+  if (directory.empty()) fail(FailureNumber::pathNotFound);
+  return directory + "\\" + std::string(FileTable.FileName[file]);
 }
 
 Deletion deleteWalkedFile(Int32 file) {

@@ -13,7 +13,8 @@ struct DirRow;
 
 const DirRow& directoryOf(Int32 file);
 bool isInZip(Int32 file);
-// The path of a file that isn't in an archive.
+// The path of a file that isn't in an archive. Fails with a path not found if a damaged list has
+// lost the name of its directory: the file's name alone would be that of another one, in the root.
 std::string pathOnDisk(Int32 file);
 
 // What came of a deletion.

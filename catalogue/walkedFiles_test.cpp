@@ -51,6 +51,18 @@ TEST_F(WalkedFilesTest, FileBelowNoDirectoryOfTheProfileIsNotTouched) {
   EXPECT_TRUE(isThere());
 }
 
+// Nor is one in its match refused because of it.
+TEST_F(WalkedFilesTest, FileOfANamelessDirectoryIsNotLookedForInTheRoot) {
+  disk.file("C:\\music\\song", "x");
+  disk.file("C:\\song", "x");
+  buildCatalogue({{"song", "C:\\music", 1, 2}, {"song", "C:\\lost", 1, 2}});
+  DirTable.set(2, {});
+  EXPECT_EQ(deleteWalkedFile(2).outcome, Outcome::absent);
+  EXPECT_THROW(pathOnDisk(2), Failure);
+  EXPECT_EQ(deleteWalkedFile(1).outcome, Outcome::done);
+  EXPECT_TRUE(disk.exists("C:\\song"));
+}
+
 // A folder in an archive may have any name.
 TEST_F(WalkedFilesTest, FileInAnArchiveIsNotTakenForOneOnDisk) {
   listOne(dirKind::zipFolder);

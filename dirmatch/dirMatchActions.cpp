@@ -170,10 +170,20 @@ class Mover {
     if (isInZip(file) || from.whole() != pathOnDisk(file)) fail(FailureNumber::fileNotFound);
     WalkedCopy copied = files().copyWalked(from.whole(), rootOf(from), to.whole());
     // Its directory may have been renamed or thrown away meanwhile.
-    const SeenFile there = files().lookWalked(to.whole(), to.directory);
+    const SeenFile there = lookAtCopy(to, copied.copy);
     if (there.identity != copied.copy.identity) fail(FailureNumber::fileNotFound);
     copied.copy = there;
     return copied;
+  }
+
+  // A copy that can't be seen is taken back, as far as that can be done then.
+  static SeenFile lookAtCopy(const FilePath& to, const SeenFile& copy) {
+    try {
+      return files().lookWalked(to.whole(), to.directory);
+    } catch (const Failure&) {
+      ignoringFailure([&] { files().removeSeen(to.whole(), to.directory, copy); });
+      throw;
+    }
   }
 
   // Returns whether the copy is the file from now on.

@@ -627,6 +627,15 @@ TEST_F(DirMatchActionsTest, CopyThatIsNotAtItsPlaceIsNone) {
   EXPECT_EQ(directoryOf(1), "C:\\left");
 }
 
+TEST_F(DirMatchActionsTest, CopyThatCannotBeSeenIsTakenBack) {
+  show({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
+  disk.failOn(DiskAction::look, "C:\\right\\a", FailureNumber::deviceError);
+  moveRows(1, 1, left, {Answer::yes});
+  EXPECT_EQ(lastMessage(), "Move of file 'a' has failed.\r\nReason: Device I/O error");
+  EXPECT_EQ(content("left\\a"), contentOf("a"));
+  EXPECT_FALSE(disk.exists("C:\\right\\a"));
+}
+
 TEST_F(DirMatchActionsTest, OtherFileAtTheCopysPlaceIsNoCopy) {
   show({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
   disk.before = [&](const DiskCall& call) {

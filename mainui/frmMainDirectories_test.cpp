@@ -62,6 +62,37 @@ TEST_F(MainWindowDirectories, StartWithTheTitlesAlone) {
   EXPECT_FALSE(isEnabled("gridList"));
 }
 
+TEST_F(MainWindowDirectories, FailuresAreReportedByTheNamesOfTheirHandlers) {
+  const auto expectReport = [this](const std::string& name) {
+    EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError(name, "Out of memory(7)")));
+    dialogBoxes.messages.clear();
+  };
+  openKinds("II");
+  const auto failing = [] { fail(FailureNumber::outOfMemory); };
+  modalForms.frmGetDirName = modalForms.frmDirTree = modalForms.frmAddFileType = failing;
+  click(button("cmdAddList"));
+  expectReport("basAddEditDir");
+  showGlobalPage();
+  click(button("cmdBrowse_0"));
+  expectReport("cmdBrowse_Click");
+  click(button("cmdEditFileTypes"));
+  expectReport("cmdEditFileTypes_Click");
+}
+
+// The list has been lost behind the rows.
+TEST_F(MainWindowDirectories, RowsOfALostListAreReported) {
+  openKinds("II");
+  ProfileDirList.redim(0, false);
+  clickRow(1);
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("gridList_Click", "Subscript out of range(9)")));
+  dialogBoxes.messages.clear();
+  click(button("cmdDelList"));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("cmdDelList_Click", "Subscript out of range(9)")));
+  allocateProfileDirList();
+}
+
 TEST_F(MainWindowDirectories, AreShownWithTheirSettings) {
   openAnn([] {
     setDirectory(1, "C:\\A", "I", true, "1");

@@ -399,6 +399,7 @@ TEST_F(MainWindowMatchOptions, UntickingAllTellsToChooseOptions) {
   openAnn([] { setDirectory(1, "C:\\Photos", "I"); });
   clickBox("chkMatchingOption_1");
   EXPECT_EQ(HelpState, 2);
+  EXPECT_EQ(helpTag(), "1002");
   pointAt(control<QWidget>("fraScanOptions"), {3, 3});
   EXPECT_EQ(helpTag(), "1002");
 }

@@ -104,14 +104,6 @@ class FileCopyTest : public testing::Test {
       return 0;
     };
   }
-  // Until the clock of the file system has moved on since the file was changed.
-  void waitForTheNextTick(const std::string& path) const {
-    const timespec changed = facts(path).st_ctim;
-    timespec now{};
-    do {
-      ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
-    } while (now.tv_sec == changed.tv_sec && now.tv_nsec <= changed.tv_nsec);
-  }
   void expectChanged() const {
     EXPECT_EQ(-changedMeanwhile, copy("file"));
     EXPECT_THAT(targets(), IsEmpty());
@@ -290,7 +282,7 @@ TEST_F(FileCopyTest, FileThatChangesMeanwhileIsNotCopied) {
 
 TEST_F(FileCopyTest, FileThatIsWrittenOverMeanwhileIsNotCopied) {
   tree_.file("from/file", "content");
-  waitForTheNextTick("from/file");
+  tree_.waitForTheNextTick("from/file");
   afterCopying([&] { tree_.file("from/file", "another"); });
   expectChanged();
   EXPECT_EQ("another", tree_.content("from/file"));
@@ -298,7 +290,7 @@ TEST_F(FileCopyTest, FileThatIsWrittenOverMeanwhileIsNotCopied) {
 
 TEST_F(FileCopyTest, ChangeIsToldAsSuch) {
   tree_.file("from/file", "content");
-  waitForTheNextTick("from/file");
+  tree_.waitForTheNextTick("from/file");
   afterCopying([&] { tree_.file("from/file", "another"); });
   LinuxFileSystem files{DriveTable()};
   EXPECT_FAILURE(fileChanged,
@@ -308,7 +300,7 @@ TEST_F(FileCopyTest, ChangeIsToldAsSuch) {
 
 TEST_F(FileCopyTest, DateThatIsPutBackHidesNoChange) {
   tree_.file("from/file", "content");
-  waitForTheNextTick("from/file");
+  tree_.waitForTheNextTick("from/file");
   const struct stat before = facts("from/file");
   afterCopying([&] {
     tree_.file("from/file", "another");

@@ -32,6 +32,22 @@ class LinuxFiles : public testing::Test {
   LinuxFileSystem files_{DriveTable()};
 };
 
+// As long, within the same second, and even with its date put back.
+TEST_F(LinuxFiles, ThatWereWrittenOverAreNoLongerAsTheyWereSeen) {
+  for (const bool putBack : {false, true}) {
+    tree_.file("file", "content");
+    struct stat facts {};
+    ASSERT_EQ(0, ::stat(tree_.path("file").c_str(), &facts));
+    const SeenFile before = files_.lookWalked(at("file"), tree_.programPath());
+    tree_.waitForTheNextTick("file");
+    tree_.file("file", "another");
+    const timespec times[] = {facts.st_atim, facts.st_mtim};
+    if (putBack) ::utimensat(AT_FDCWD, tree_.path("file").c_str(), times, 0);
+    EXPECT_FAILURE(fileChanged, files_.removeSeen(at("file"), tree_.programPath(), before));
+    EXPECT_EQ("another", tree_.content("file"));
+  }
+}
+
 TEST_F(LinuxFiles, FindADirectoryInAnotherCase) {
   tree_.file("Müsli/Inner/File.TXT", "x");
   EXPECT_TRUE(files_.canEnter(at("müsli\\INNER")));

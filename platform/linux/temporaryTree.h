@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -52,6 +53,16 @@ class TemporaryTree {
   void fifo(std::string_view relative) const {
     makeParent(relative);
     if (::mkfifo(path(relative).c_str(), 0600) != 0) throw std::runtime_error("no FIFO");
+  }
+
+  // Until the clock of the file system has moved on since the file was changed.
+  void waitForTheNextTick(std::string_view relative) const {
+    struct stat facts {};
+    if (::lstat(path(relative).c_str(), &facts) != 0) throw std::runtime_error("no such file");
+    timespec now{};
+    do {
+      ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
+    } while (now.tv_sec == facts.st_ctim.tv_sec && now.tv_nsec <= facts.st_ctim.tv_nsec);
   }
 
   bool exists(std::string_view relative) const {
