@@ -1,0 +1,143 @@
+"""A desktop of its own for one program: screen, window manager, buses, mouse and keyboard."""
+
+import os
+import signal
+import subprocess
+
+from waiting import LIMIT, Failed, wait_for
+
+
+class Desktop:
+    """Everything that is started here ends with it."""
+
+    def __init__(self, home, size):
+        self.home = home
+        self.processes = []
+        self.environment = self._clean_environment()
+        try:
+            self._start_screen(size)
+            self._start_session_bus()
+            self._start("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            wait_for("the window manager", self._has_window_manager)
+        except BaseException:
+            self.close()
+            raise
+
+    def close(self):
+        for process in reversed(self.processes):
+            self.end(process)
+
+    def _clean_environment(self):
+        runtime = self.home / ".runtime"
+        runtime.mkdir(mode=0o700)
+        return {
+            "HOME": str(self.home),
+            "LANG": "C.UTF-8",
+            "PATH": f"{self.home}/bin:{os.environ['PATH']}",
+            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+            "QT_QPA_PLATFORM": "xcb",
+            "XDG_RUNTIME_DIR": str(runtime),
+        }
+
+    # In a session of its own, so that it goes together with all that it starts itself.
+    def _start(self, *command, **options):
+        process = subprocess.Popen(
+            command, env=self.environment, cwd=self.home, start_new_session=True, **options
+        )
+        self.processes.append(process)
+        return process
+
+    def run(self, program, **environment):
+        log = open(self.home / ".program.log", "ab")
+        command = [str(program)]
+        process = subprocess.Popen(
+            command,
+            env=self.environment | environment,
+            cwd=self.home,
+            start_new_session=True,
+            stdout=log,
+            stderr=log,
+        )
+        log.close()
+        self.processes.append(process)
+        return process
+
+    @staticmethod
+    def end(process):
+        for number in (signal.SIGTERM, signal.SIGKILL):
+            try:
+                os.killpg(process.pid, number)
+                process.wait(5)
+            except ProcessLookupError:
+                break
+            except subprocess.TimeoutExpired:
+                continue
+        process.poll()
+
+    def _start_screen(self, size):
+        told, tells = os.pipe()
+        self._start(
+            "Xvfb", "-displayfd", str(tells), "-screen", "0", "%dx%dx24" % size, "-nolisten", "tcp",
+            pass_fds=[tells], stderr=subprocess.DEVNULL,
+        )
+        os.close(tells)
+        with os.fdopen(told) as number:
+            display = number.readline().strip()
+        if not display:
+            raise Failed("Xvfb has not started")
+        self.environment["DISPLAY"] = f":{display}"
+
+    def _start_session_bus(self):
+        bus = self._start(
+            "dbus-daemon", "--session", "--nofork", "--print-address",
+            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
+        )
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+
+    def _has_window_manager(self):
+        return self.tool("xdotool", "get_desktop", check=False) != ""
+
+    def tool(self, *command, check=True):
+        done = subprocess.run(
+            command, env=self.environment, capture_output=True, text=True, timeout=LIMIT
+        )
+        if check and done.returncode != 0:
+            raise Failed(f"{' '.join(command)}: {done.stderr}")
+        return done.stdout.strip()
+
+    # Mouse and keyboard.
+
+    def click(self, x, y, button=1, times=1):
+        self.tool(
+            "xdotool", "mousemove", str(x), str(y),
+            "click", "--repeat", str(times), "--delay", "40", str(button),
+        )
+
+    def drag(self, start, end):
+        self.tool(
+            "xdotool", "mousemove", *map(str, start), "mousedown", "1",
+            "mousemove", *map(str, end), "mouseup", "1",
+        )
+
+    def keys(self, *keys):
+        self.tool("xdotool", "key", "--delay", "20", *keys)
+
+    def type(self, text):
+        self.tool("xdotool", "type", "--delay", "20", text)
+
+    def point(self, x, y):
+        self.tool("xdotool", "mousemove", str(x), str(y))
+
+    # Pictures.
+
+    def picture(self, file, part=None):
+        """What the screen shows, once it is drawn and two looks at it are the same. What moves on
+        is taken as it is."""
+        cut = ["-crop", part, "+repage"] if part else []
+        before = None
+        for _ in range(10):
+            self.tool("import", "-window", "root", *cut, str(file))
+            colours, now = self.tool("identify", "-format", "%k %#", str(file)).split()
+            if now == before:
+                break
+            before = now if int(colours) > 1 else None
