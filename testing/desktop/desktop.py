@@ -1,6 +1,7 @@
 """A desktop of its own for one program: screen, window manager, buses, mouse and keyboard."""
 
 import os
+import re
 import signal
 import subprocess
 
@@ -95,12 +96,15 @@ class Desktop:
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
 
     def _has_window_manager(self):
-        return self.tool("xdotool", "get_desktop", check=False) != ""
+        return self._run("xdotool", "get_desktop").returncode == 0
 
-    def tool(self, *command, check=True):
-        done = subprocess.run(
+    def _run(self, *command):
+        return subprocess.run(
             command, env=self.environment, capture_output=True, text=True, timeout=LIMIT
         )
+
+    def tool(self, *command, check=True):
+        done = self._run(*command)
         if check and done.returncode != 0:
             raise Failed(f"{' '.join(command)}: {done.stderr}")
         return done.stdout.strip()
@@ -130,14 +134,28 @@ class Desktop:
 
     # Pictures.
 
-    def picture(self, file, part=None):
-        """What the screen shows, once it is drawn and two looks at it are the same. What moves on
-        is taken as it is."""
-        cut = ["-crop", part, "+repage"] if part else []
+    def picture(self, file, title=None):
+        """What a window shows, or the screen, once two looks at it are the same. What moves on is
+        taken as it is."""
+        window = "root" if title is None else self._window(title)
         before = None
         for _ in range(10):
-            self.tool("import", "-window", "root", *cut, str(file))
-            colours, now = self.tool("identify", "-format", "%k %#", str(file)).split()
-            if now == before:
-                break
-            before = now if int(colours) > 1 else None
+            now = self._photograph(file, window)
+            if now and now == before:
+                return
+            before = now
+        if not before:
+            raise Failed(f"the window '{title}' shows nothing")
+
+    def _photograph(self, file, window):
+        """A text that tells one picture from another; empty if nothing is drawn yet."""
+        self.tool("import", "-window", window, str(file), check=False)
+        if not file.exists():
+            return ""
+        colours, signature = self.tool("identify", "-format", "%k %#", str(file)).split()
+        return signature if int(colours) > 1 else ""
+
+    def _window(self, title):
+        search = ("xdotool", "search", "--onlyvisible", "--name", f"^{re.escape(title)}$")
+        found = wait_for(f"'{title}' on the screen", lambda: self.tool(*search, check=False))
+        return found.splitlines()[-1]

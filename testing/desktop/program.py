@@ -175,8 +175,6 @@ class Window:
         wait_for(title, lambda: not self.program.shows(self.title))
 
     def picture(self, name):
-        left, top, width, height = (length * self.program.scale for length in self.control.area())
+        left, top, _, _ = (length * self.program.scale for length in self.control.area())
         self.program.desktop.point(left + 2, top + 2)  # On no control, which might show its help.
-        self.program.desktop.picture(
-            self.program.pictures / f"{name}.png", f"{width}x{height}+{left}+{top}"
-        )
+        self.program.desktop.picture(self.program.pictures / f"{name}.png", self.title)
