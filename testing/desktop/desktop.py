@@ -34,34 +34,26 @@ class Desktop:
         return {
             "HOME": str(self.home),
             "LANG": "C.UTF-8",
-            "PATH": f"{self.home}/bin:{os.environ['PATH']}",
+            "PATH": f"{self.home}/.local/bin:{os.environ['PATH']}",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
             "QT_QPA_PLATFORM": "xcb",
             "XDG_RUNTIME_DIR": str(runtime),
         }
 
     # In a session of its own, so that it goes together with all that it starts itself.
-    def _start(self, *command, **options):
+    def _start(self, *command, environment=None, **options):
         process = subprocess.Popen(
-            command, env=self.environment, cwd=self.home, start_new_session=True, **options
+            command,
+            env=self.environment | (environment or {}),
+            cwd=self.home,
+            start_new_session=True,
+            **options,
         )
         self.processes.append(process)
         return process
 
-    def run(self, program, **environment):
-        log = open(self.home / ".program.log", "ab")
-        command = [str(program)]
-        process = subprocess.Popen(
-            command,
-            env=self.environment | environment,
-            cwd=self.home,
-            start_new_session=True,
-            stdout=log,
-            stderr=log,
-        )
-        log.close()
-        self.processes.append(process)
-        return process
+    def run(self, program, environment):
+        return self._start(str(program), environment=environment)
 
     @staticmethod
     def end(process):
@@ -111,17 +103,8 @@ class Desktop:
 
     # Mouse and keyboard.
 
-    def click(self, x, y, button=1, times=1):
-        self.tool(
-            "xdotool", "mousemove", str(x), str(y),
-            "click", "--repeat", str(times), "--delay", "40", str(button),
-        )
-
-    def drag(self, start, end):
-        self.tool(
-            "xdotool", "mousemove", *map(str, start), "mousedown", "1",
-            "mousemove", *map(str, end), "mouseup", "1",
-        )
+    def click(self, x, y):
+        self.tool("xdotool", "mousemove", str(x), str(y), "click", "1")
 
     def keys(self, *keys):
         self.tool("xdotool", "key", "--delay", "20", *keys)

@@ -7,7 +7,6 @@ import zipfile
 
 FRAMES = 900
 BLOCK = 8192  # What the program reads at a time.
-FILES = {"Holiday": 7, "Phone": 6, "Album": 4, "Timelapse": FRAMES}
 
 HOLIDAY = {
     "beach.jpg": 48_200,

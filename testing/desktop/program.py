@@ -1,5 +1,6 @@
 """Quernstoke as the person at the desktop works it."""
 
+import itertools
 import subprocess
 
 from accessibility import Bus
@@ -11,7 +12,7 @@ class Program:
         self.desktop = desktop
         self.scale = int(environment.get("QT_SCALE_FACTOR", 1))
         self.pictures = pictures
-        self.process = desktop.run(binary, **environment)
+        self.process = desktop.run(binary, environment)
         self.bus = Bus(desktop.environment["DBUS_SESSION_BUS_ADDRESS"])
 
     def windows(self):
@@ -46,9 +47,7 @@ class Program:
         return wait_for(f"a window with '{text}'", lambda: self._alive(look))
 
     def shows(self, title):
-        return unless_gone(
-            lambda: any(window.control.name == title for window in self.windows())
-        )
+        return unless_gone(lambda: any(window.title == title for window in self.windows()))
 
     def _alive(self, look):
         found = unless_gone(look)
@@ -69,15 +68,6 @@ class Program:
 
     def type(self, text):
         self.desktop.type(text)
-
-
-def has_focus(control):
-    return control.has("focused")
-
-
-# Position 0 is one, too.
-def at(position):
-    return None if position is None else (position,)
 
 
 class Window:
@@ -101,28 +91,29 @@ class Window:
 
         return wait_for(f"'{name}' in the window '{self.title}'", look)
 
-    def place(self, control):
-        """Its middle, in dots of the screen."""
+    def click_on(self, control, right=None):
+        """So far to the right of its left edge, or else in its middle."""
         left, top, width, height = control.area()
+        x = left + (width // 2 if right is None else right)
         scale = self.program.scale
-        return (left + width // 2) * scale, (top + height // 2) * scale
+        self.program.desktop.click(x * scale, (top + height // 2) * scale)
 
     def click(self, name, role="push button"):
         control = self.find(name, role)
         wait_for(f"'{name}' to be enabled", lambda: control.has("enabled"))
-        self.program.desktop.click(*self.place(control))
+        self.click_on(control)
 
     def choose(self, name, entry):
         """Opens a list and chooses with the keyboard."""
         box = self.find(name, "combo box")
         entries = [c.name for c in box.all_below() if c.role == "list item"]
-        self.program.desktop.click(*self.place(box))
+        self.click_on(box)
         self.program.keys("Home", *["Down"] * entries.index(entry), "Return")
 
-    def enter(self, name, text, role="text"):
+    def enter(self, name, text):
         """Replaces the text of a field."""
-        field = self.find(name, role)
-        self.program.desktop.click(*self.place(field))
+        field = self.find(name, "text")
+        self.click_on(field)
         wait_for(f"the keyboard in '{name}'", lambda: field.has("focused"))
         self.program.keys("ctrl+a")
         self.program.type(text)
@@ -130,28 +121,24 @@ class Window:
 
     def open_branch(self, names):
         """Walks down a tree with the keyboard, from its root."""
-        tree = self.find("Directories", "tree")
-
-        def items():
-            return [item for item in tree.children if item.role == "tree item"]
-
-        def position(condition):
-            return next((i for i, item in enumerate(items()) if condition(item)), None)
-
         for name in names:
-            here = wait_for("the current directory", lambda: at(position(has_focus)))
-            current = items()[here[0]]
+            current = wait_for("the current directory", self._tree_from_current)[0]
             if not current.has("expanded"):
                 self.program.keys("Right")
-            below = wait_for(f"'{name}' in the tree", lambda: at(position(lambda i: i.name == name)))
-            self.program.keys(*["Down"] * (below[0] - here[0]))
+                wait_for(f"'{current.name}' to open", lambda: current.has("expanded"))
+            below = [item.name for item in self._tree_from_current()]
+            self.program.keys(*["Down"] * below.index(name))
             wait_for(
                 f"'{name}' to be the current directory",
-                lambda: at(position(lambda i: i.name == name and has_focus(i))),
+                lambda: [item.name for item in self._tree_from_current()][:1] == [name],
             )
 
+    def _tree_from_current(self):
+        items = [c for c in self.find("Directories", "tree").children if c.role == "tree item"]
+        return list(itertools.dropwhile(lambda item: not item.has("focused"), items))
+
     def rows(self, grid="Files"):
-        return [row for row in self.find(grid, "list").children]
+        return self.find(grid, "list").children
 
     def row(self, part, grid="Files"):
         def look():
@@ -161,14 +148,10 @@ class Window:
 
     def click_row(self, part, grid="Files"):
         """On its name, which selects it."""
-        left, top, width, height = self.row(part, grid).area()
-        scale = self.program.scale
-        self.program.desktop.click((left + width // 4) * scale, (top + height // 2) * scale)
+        self.click_on(self.row(part, grid), 60)
 
     def tick_row(self, part):
-        left, top, _, height = self.row(part).area()
-        scale = self.program.scale
-        self.program.desktop.click((left + 8) * scale, (top + height // 2) * scale)
+        self.click_on(self.row(part), 8)
 
     def wait_gone(self):
         title = f"the window '{self.title}' to go"
