@@ -35,6 +35,15 @@ void selectItem(QComboBox& list, int item) {
   list.setCurrentIndex(item);
 }
 
+// The fields behind them begin below each other.
+void makeEquallyWide(std::initializer_list<QLabel*> labels) {
+  int width = 0;
+  for (const QLabel* label : labels)
+    width = std::max(width, label->sizeHint().width());
+  for (QLabel* label : labels)
+    label->setMinimumWidth(width);
+}
+
 }  // namespace
 
 frmGetDirName::frmGetDirName() : ui_(std::make_unique<Ui::frmGetDirName>()) {
@@ -54,6 +63,7 @@ frmGetDirName::frmGetDirName() : ui_(std::make_unique<Ui::frmGetDirName>()) {
   setCancelButton(*ui_->cmdCancel);
   ui_->cboFileTypeList->setCompleter(nullptr);  // What is typed stands as it is.
   guardFromWheel(*ui_->cboFileTypeList);
+  makeEquallyWide({ui_->labDirectory_0, ui_->labDirectory_1, ui_->labFileTypes});
 }
 
 frmGetDirName::~frmGetDirName() = default;

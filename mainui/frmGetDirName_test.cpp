@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QRadioButton>
 
@@ -130,6 +131,17 @@ TEST_F(DirectoryDialog, ShowsWhatBelongsToTheOption) {
     for (int other = 0; other < 3; ++other)
       EXPECT_TRUE(option(other).isEnabled());
   }
+}
+
+TEST_F(DirectoryDialog, FieldsBeginBelowEachOther) {
+  add();
+  const auto left = [this](const char* name) {
+    return control<QWidget>(name).mapTo(dialog_, QPoint()).x();
+  };
+  EXPECT_EQ(left("cboFileTypeList"), left("txtDirectory_0"));
+  choose(2);
+  dialog_->layout()->activate();
+  EXPECT_EQ(left("txtDirectory_1"), left("txtDirectory_0"));
 }
 
 TEST_F(DirectoryDialog, AddsAnIncludedDirectory) {

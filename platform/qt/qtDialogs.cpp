@@ -11,6 +11,8 @@ namespace quernstoke {
 
 namespace {
 
+constexpr int lettersOfText = 50;
+
 // The widgets take each kind of line break for one of its own.
 QString withPlainBreaks(std::string_view text) {
   return qtText(text).replace("\r\n", "\n");
@@ -124,6 +126,8 @@ std::string QtDialogs::inputBox(std::string_view prompt, std::string_view title,
   box.setLabelText(withPlainBreaks(prompt));
   box.setWindowTitle(titleOrDefault(title));
   box.setTextValue(qtText(preset));
+  // Made for a short number otherwise, with its title cut off.
+  box.resize(box.fontMetrics().averageCharWidth() * lettersOfText, 0);
   const HeldKeys held(box, true);
   if (box.exec() != QDialog::Accepted) return {};
   return enteredText(box.textValue());

@@ -165,6 +165,19 @@ TEST_F(QtDialogsTest, ACancelledInputBoxGivesEmptyText) {
   EXPECT_EQ(dialogs.inputBox("Enter new Description", "", "New Item"), "");
 }
 
+TEST_F(QtDialogsTest, AnInputBoxShowsALongName) {
+  int room = 0;
+  int needed = 0;
+  whenShown<QInputDialog>([&](QInputDialog& box) {
+    const auto& line = *box.findChild<QLineEdit*>();
+    room = line.width();
+    needed = line.fontMetrics().horizontalAdvance("Holiday photos, first and second disk");
+    box.reject();
+  });
+  dialogs.inputBox("Enter new profile name", "Profile Name", "Untitled");
+  EXPECT_GT(room, needed);
+}
+
 // One may type over the preset at once.
 TEST_F(QtDialogsTest, ThePresetOfAnInputBoxIsSelected) {
   QString selected;
