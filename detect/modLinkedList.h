@@ -22,8 +22,8 @@ inline bool isUnread(std::string_view block) {
 
 // Stands for a block that lies behind the end of a local copy. It equals nothing, however often it
 // is asked for, while an empty block of a file that has become shorter equals another.
-inline constexpr char behindTheEnd[] = "";
-constexpr std::string_view missingBlock = behindTheEnd;
+inline constexpr char behindTheEnd[] = "?";
+constexpr std::string_view missingBlock = std::string_view(behindTheEnd).substr(1);
 
 inline bool isMissing(std::string_view block) {
   return block.data() == missingBlock.data();
