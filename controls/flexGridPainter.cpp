@@ -6,6 +6,7 @@
 #include <QStyleOptionFocusRect>
 #include <QStyleOptionHeader>
 #include <QWidget>
+#include <QtMath>
 #include <algorithm>
 
 #include "controls/flexGridModel.h"
@@ -43,16 +44,12 @@ void initialise(QStyleOption& option, const QWidget& widget) {
   option.state &= ~(QStyle::State_MouseOver | QStyle::State_HasFocus);
 }
 
-// The font with its characters as narrow as the text needs; as it was where that would make it
-// illegible.
-QFont narrowed(const QFont& font, const QString& text, int width) {
-  constexpr int narrowest = 75;  // Percent.
-  QFont narrow = font;
-  for (int percent = 100; percent >= narrowest; --percent) {
-    narrow.setStretch(percent);
-    if (QFontMetrics(narrow).horizontalAdvance(text) <= width) return narrow;
-  }
-  return font;
+// How wide a text of this width is drawn in a place, as a part of its width: as wide as it is where
+// it would else be illegible.
+double narrowing(int textWidth, int placeWidth) {
+  constexpr double narrowest = 0.75;
+  const double part = static_cast<double>(placeWidth) / std::max(textWidth, 1);
+  return part < narrowest ? 1 : std::min(part, 1.0);
 }
 
 }  // namespace
@@ -114,14 +111,22 @@ void FlexGridPainter::paintText(const GridCell& cell, Qt::Alignment alignment, c
   if (cell.strikeThrough) font.setStrikeOut(true);
   const QString text = qtText(cell.text);
   QRect place = rect.adjusted(margin_, 0, -margin_, 0);
-  const int lacking = QFontMetrics(font).horizontalAdvance(text) - place.width();
+  const int textWidth = qCeil(QFontMetricsF(font).horizontalAdvance(text));
+  const int lacking = textWidth - place.width();
+  double part = 1;
   if (lacking > 0 && alignment.testFlag(Qt::AlignRight)) {
     place.adjust(-std::min(lacking, margin_), 0, std::clamp(lacking - margin_, 0, margin_), 0);
-    font = narrowed(font, text, place.width());
+    part = narrowing(textWidth, place.width());
   }
+  // Not by the font's own stretch, which not every font on every desktop has.
+  painter_.save();
+  painter_.translate(place.topLeft());
+  painter_.scale(part, 1);
   painter_.setFont(font);
-  const QString shown = painter_.fontMetrics().elidedText(text, Qt::ElideRight, place.width());
-  painter_.drawText(place, static_cast<int>(alignment) | Qt::TextSingleLine, shown);
+  const QRect drawn(0, 0, qCeil(place.width() / part), place.height());
+  const QString shown = painter_.fontMetrics().elidedText(text, Qt::ElideRight, drawn.width());
+  painter_.drawText(drawn, static_cast<int>(alignment) | Qt::TextSingleLine, shown);
+  painter_.restore();
 }
 
 void FlexGridPainter::paintPicture(const GridCell& cell, const QRect& rect) {
