@@ -14,8 +14,8 @@
 #include "dirmatch/dirMatchGrid.h"
 #include "dirmatch/dirMatchRows.h"
 #include "dirmatch/dirMatchSelection.h"
+#include "dirmatch/ui_frmDirMatch.h"
 #include "platform/qt/qtText.h"
-#include "ui_frmDirMatch.h"
 
 namespace quernstoke::forms {
 

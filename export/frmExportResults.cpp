@@ -10,12 +10,12 @@
 #include "core/system.h"
 #include "export/resultsFile.h"
 #include "export/resultsRows.h"
+#include "export/ui_frmExportResults.h"
 #include "mainui/modalForms.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "platform/qt/qtText.h"
 #include "settings/settings.h"
-#include "ui_frmExportResults.h"
 
 namespace quernstoke::forms {
 

@@ -8,12 +8,12 @@
 #include "core/procedure.h"
 #include "mainui/fileTypeLinks.h"
 #include "mainui/modalForms.h"
+#include "mainui/ui_frmAddFileType.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "platform/qt/qtText.h"
 #include "settings/fileTypesList.h"
 #include "settings/settings.h"
-#include "ui_frmAddFileType.h"
 
 namespace quernstoke::forms {
 

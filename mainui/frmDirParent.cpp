@@ -11,9 +11,9 @@
 #include "controls/units.h"
 #include "core/procedure.h"
 #include "mainui/modalForms.h"
+#include "mainui/ui_frmDirParent.h"
 #include "pictures/pictures.h"
 #include "platform/qt/qtText.h"
-#include "ui_frmDirParent.h"
 
 namespace quernstoke::forms {
 

@@ -11,11 +11,11 @@
 #include "core/text.h"
 #include "mainui/modDirTree.h"
 #include "mainui/modalForms.h"
+#include "mainui/ui_frmDirTree.h"
 #include "pictures/pictures.h"
 #include "platform/desktop.h"
 #include "platform/platform.h"
 #include "platform/qt/qtText.h"
-#include "ui_frmDirTree.h"
 
 namespace quernstoke::forms {
 

@@ -8,12 +8,12 @@
 #include "core/procedure.h"
 #include "core/text.h"
 #include "mainui/modalForms.h"
+#include "mainui/ui_frmGetDirName.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "platform/qt/qtText.h"
 #include "settings/fileTypesList.h"
 #include "settings/settings.h"
-#include "ui_frmGetDirName.h"
 
 namespace quernstoke::forms {
 

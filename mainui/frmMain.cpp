@@ -14,12 +14,12 @@
 #include "core/scanState.h"
 #include "mainui/profileSelection.h"
 #include "mainui/quickHelp.h"
+#include "mainui/ui_frmMain.h"
 #include "pictures/pictures.h"
 #include "platform/qt/qtText.h"
 #include "progress/scanStatus.h"
 #include "settings/profileStore.h"
 #include "settings/settings.h"
-#include "ui_frmMain.h"
 
 namespace quernstoke::forms {
 

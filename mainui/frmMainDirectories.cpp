@@ -10,10 +10,10 @@
 #include "mainui/frmMain.h"
 #include "mainui/modalForms.h"
 #include "mainui/quickHelp.h"
+#include "mainui/ui_frmMain.h"
 #include "pictures/pictures.h"
 #include "results/gridWidths.h"
 #include "settings/settings.h"
-#include "ui_frmMain.h"
 
 namespace quernstoke::forms {
 

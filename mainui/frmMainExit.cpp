@@ -12,12 +12,12 @@
 #include "core/text.h"
 #include "mainui/frmMain.h"
 #include "mainui/profileSelection.h"
+#include "mainui/ui_frmMain.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "platform/windows.h"
 #include "settings/profileStore.h"
 #include "settings/settings.h"
-#include "ui_frmMain.h"
 
 namespace quernstoke::forms {
 

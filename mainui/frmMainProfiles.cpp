@@ -8,13 +8,13 @@
 #include "mainui/frmMain.h"
 #include "mainui/profileSelection.h"
 #include "mainui/quickHelp.h"
+#include "mainui/ui_frmMain.h"
 #include "platform/dialogs.h"
 #include "platform/fileSystem.h"
 #include "platform/platform.h"
 #include "platform/qt/qtText.h"
 #include "settings/profileStore.h"
 #include "settings/settings.h"
-#include "ui_frmMain.h"
 
 namespace quernstoke::forms {
 

@@ -13,13 +13,13 @@
 #include "core/text.h"
 #include "mainui/frmMain.h"
 #include "mainui/modalForms.h"
+#include "mainui/ui_frmMain.h"
 #include "platform/dialogs.h"
 #include "platform/fileSystem.h"
 #include "platform/locale.h"
 #include "platform/platform.h"
 #include "platform/qt/qtText.h"
 #include "settings/settings.h"
-#include "ui_frmMain.h"
 
 namespace quernstoke::forms {
 

@@ -6,8 +6,8 @@
 #include "controls/units.h"
 #include "core/procedure.h"
 #include "core/system.h"
+#include "mainui/ui_frmSplashScreen.h"
 #include "pictures/pictures.h"
-#include "ui_frmSplashScreen.h"
 
 namespace quernstoke::forms {
 

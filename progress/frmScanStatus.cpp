@@ -20,8 +20,8 @@
 #include "mainui/helpStrings.h"
 #include "platform/qt/qtText.h"
 #include "progress/scanStatus.h"
+#include "progress/ui_frmScanStatus.h"
 #include "settings/settings.h"
-#include "ui_frmScanStatus.h"
 
 namespace quernstoke::forms {
 

@@ -3,7 +3,7 @@
 #include "controls/tag.h"
 #include "controls/units.h"
 #include "platform/qt/qtText.h"
-#include "ui_frmScanStatus.h"
+#include "progress/ui_frmScanStatus.h"
 
 namespace quernstoke {
 

@@ -34,8 +34,8 @@
 #include "results/gridWidths.h"
 #include "results/resultsGrid.h"
 #include "results/resultsWindow.h"
+#include "results/ui_frmResults.h"
 #include "settings/profileStore.h"
-#include "ui_frmResults.h"
 
 namespace quernstoke::forms {
 

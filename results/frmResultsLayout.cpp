@@ -12,8 +12,8 @@
 #include "results/frmResults.h"
 #include "results/gridSelection.h"
 #include "results/resultsGrid.h"
+#include "results/ui_frmResults.h"
 #include "settings/settings.h"
-#include "ui_frmResults.h"
 
 namespace quernstoke::forms {
 
