@@ -103,8 +103,8 @@ class Desktop:
 
     # Mouse and keyboard.
 
-    def click(self, x, y):
-        self.tool("xdotool", "mousemove", str(x), str(y), "click", "1")
+    def click(self):
+        self.tool("xdotool", "click", "1")
 
     def keys(self, *keys):
         self.tool("xdotool", "key", "--delay", "20", *keys)

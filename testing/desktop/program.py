@@ -91,12 +91,16 @@ class Window:
 
         return wait_for(f"'{name}' in the window '{self.title}'", look)
 
-    def click_on(self, control, right=None):
+    def _point_at(self, control, right=None):
         """So far to the right of its left edge, or else in its middle."""
         left, top, width, height = control.area()
         x = left + (width // 2 if right is None else right)
         scale = self.program.scale
-        self.program.desktop.click(x * scale, (top + height // 2) * scale)
+        self.program.desktop.point(x * scale, (top + height // 2) * scale)
+
+    def click_on(self, control, right=None):
+        self._point_at(control, right)
+        self.program.desktop.click()
 
     def click(self, name, role="push button"):
         control = self.find(name, role)
@@ -157,7 +161,11 @@ class Window:
         title = f"the window '{self.title}' to go"
         wait_for(title, lambda: not self.program.shows(self.title))
 
-    def picture(self, name):
-        left, top, _, _ = (length * self.program.scale for length in self.control.area())
-        self.program.desktop.point(left + 2, top + 2)  # On no control, which might show its help.
+    def picture(self, name, help_on=None):
+        """With the help on a field, or else the pointer on nothing that has help."""
+        if help_on:
+            self._point_at(self.find(help_on, "text"))
+        else:
+            left, top, _, _ = (length * self.program.scale for length in self.control.area())
+            self.program.desktop.point(left + 2, top + 2)
         self.program.desktop.picture(self.program.pictures / f"{name}.png", self.title)
