@@ -15,8 +15,9 @@ What to look at (with DIRECTORY only):
   --min-size SIZE   smallest file, a whole number with B, KB, MB or GB (default 1B)
   --max-size SIZE   largest file (default 2GB)
   --types LIST      file types, such as "jpg;png" or "*.jpg;*.png" (default all)
-  --exclude DIR     leave out this directory and all below it, letter case apart; repeatable
-  --zip             look inside zip archives, whose entries are matched by name and size only
+  --exclude DIR     leave out this directory and all below it, in capitals or not; repeatable
+  --zip             look inside zip archives, whose entries are matched by name and size (take
+                    --match N, S or NS); the archives themselves are then not compared
   --hidden          also look at names that begin with a dot
   --system          also look at system files
 
@@ -33,16 +34,18 @@ Both:
                     is made from results_template.html in the home or beside the program, or else
                     from a page of its own
   --output FILE     write the sets to FILE, which is replaced and so never one of a set
-  --quiet           neither progress nor summary
-  --version, --help
+  --quiet           neither progress nor remarks nor the summary; messages, errors, the word that a
+                    scan pauses and the summary of one that failed stay
+  --version         print the version
+  --help            print this
 
 Ctrl-C, SIGTERM and SIGHUP abort a scan of directories. They pause the scan of a profile at the next
 place from which --continue can take it up, or after ten seconds, which costs the rest of the group
 being compared; a second one aborts it.
 
 Files of 2 GiB and more, links and special files are passed over and counted. When exactly two of
-the files looked at have the smallest size (with --match N: the first name), these two are not
-compared.
+the files looked at have the smallest size (with --match N: the name that is sorted first),
+these two are not compared.
 
 Exit status: 0 the scan ran to its end, 1 something failed and what was found or written is
 incomplete, 2 wrong arguments, 3 a directory or profile isn't there, 4 the scan was paused or
