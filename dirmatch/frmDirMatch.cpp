@@ -47,6 +47,10 @@ frmDirMatch::frmDirMatch() : ui_(std::make_unique<Ui::frmDirMatch>()) {
   ui_->picFileDetails->setSizePolicy(keepingRoom);
   ui_->picFileDetails->hide();
   ui_->labFileDetailsMessage_0->hide();
+  // Lines have light colours of their own and separators a dark one: what is empty must be light.
+  QPalette colours = ui_->griddir->palette();
+  colours.setColor(QPalette::Base, Qt::white);
+  ui_->griddir->setPalette(colours);
   setCancelButton(*ui_->cmdClose);
   connectControls();
   ui_->griddir->setFocus();

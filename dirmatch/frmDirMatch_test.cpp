@@ -443,6 +443,21 @@ TEST_F(DirMatchWindow, LongDirectoriesAreFittedAnewWithTheSize) {
   EXPECT_EQ(label("labDirName_0"), directory);
 }
 
+TEST_F(DirMatchWindow, AnEmptyPlaceIsToldFromASeparatorInADarkTheme) {
+  const QPalette before = QApplication::palette();
+  QApplication::setPalette(QPalette(Qt::darkGray, QColor(0x20, 0x20, 0x20)));
+  openTwoGroups();
+  const QImage image = view().grab().toImage();
+  QApplication::setPalette(before);
+  const auto lightness = [&](int row, int col) {
+    const QPoint centre = view().viewport()->mapTo(&view(), cellCentre(row, col));
+    return qGray(image.pixel(centre));
+  };
+  EXPECT_EQ(lines()[1], "|c");
+  EXPECT_GT(lightness(2, 0), 200);
+  EXPECT_LT(lightness(3, 0), 50);
+}
+
 TEST_F(DirMatchWindow, NamesAreShownAsTheyAreWritten) {
   open({{"<b>bold</b> & co", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}});
   clickCell(1, 0);
