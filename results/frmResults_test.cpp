@@ -399,6 +399,23 @@ TEST_F(ResultsLayoutTest, ResizeOfANormalWindowSortsAnew) {
   EXPECT_THAT(matchNumbers(), ElementsAre(0, 5));
 }
 
+// The first show does both twice, for its resize and for its activation.
+TEST_F(ResultsLayoutTest, SortingAndPaintingAgainGivesTheSame) {
+  show({{"b", "C:\\two", 5, 1},
+        {"a", "C:\\one", 7, 0},
+        {"d", "C:\\two", 5, 1},
+        {"c", "C:\\two", 7, 0},
+        {"e", "C:\\one", 9, 2},
+        {"f", "C:\\two", 9, 2}});
+  const std::vector<std::string> before = names();
+  const QSize size = form().size();
+  resizeTo(900, 500);
+  resizeTo(size.width(), size.height());
+  EXPECT_EQ(names(), before);
+  EXPECT_THAT(matchNumbers(), ElementsAre(0, 0, 1, 1, 2, 2));
+  EXPECT_EQ(rows(), std::pair(1, 1));
+}
+
 TEST_F(ResultsLayoutTest, MaximisedWindowKeepsTheOrder) {
   show({{"a", "C:\\", 1, 0}, {"b", "C:\\", 1, 0}});
   FileTable.FileStatus[statusMatch][1] = 5;
