@@ -277,9 +277,9 @@ void cmdOpen_Click(DirMatchControls& form, Int32 side) {
     const std::string path = pathOnDisk(file);
     const std::string result = basShellOpen(path, ShowMode::byDefault, "", "", "open", form.hWnd());
     if (result == "NOASSOC")
-      dialogs().messageBox("This file has no associated application");
+      showNoApplication();
     else if (result != "OK")
-      dialogs().messageBox("Can't open file '" + path + "'");
+      showUnopenable(path);
   });
 }
 
