@@ -87,8 +87,8 @@ void presetGlobalSettings() {
 void makeFirstSettings() {
   basDefaultProfile("GLOBAL", "");
   ProfileName = firstProfile;
-  basSaveProfile(std::string_view("NEWPROFILE"));
-  basSaveProfile(std::string_view("GLOBAL"));
+  basSaveProfile("NEWPROFILE");
+  basSaveProfile("GLOBAL");
   basDefaultProfile("PROFILE", "");
   ProfileName.clear();
   if (!basDirExists(GlobalSettings.TempPath)) files().makeDirectory(GlobalSettings.TempPath);
