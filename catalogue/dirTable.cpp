@@ -14,8 +14,6 @@ Int32 DirCount;
 
 namespace {
 
-constexpr int growth = 8192;
-
 std::uint32_t hashOf(std::string_view name) {
   const std::size_t hash = std::hash<std::string_view>()(name);
   return static_cast<std::uint32_t>(hash ^ (hash >> 32));
@@ -74,15 +72,19 @@ Int32 DirectoryTable::findFolder(std::string_view name, Int32 zipRow) const {
   });
 }
 
+Int32 appendDirRow(std::string name, char kind, Int32 parent, int growth) {
+  if (DirCount >= DirTable.upperBound()) DirTable.redim(DirCount + growth, true);
+  ++DirCount;
+  DirTable.set(DirCount, {std::move(name), kind, parent, RunState == runState::idle});
+  return DirCount;
+}
+
 Int32 basAddDirToList(std::string_view name, char kind, Int32 parent, bool& existed) {
   return procedure("basAddDirToList", [&] {
+    constexpr int growth = 8192;
     const Int32 known = DirTable.find(name);
     existed = known != -1;
-    if (existed) return known;
-    if (DirCount >= DirTable.upperBound()) DirTable.redim(DirCount + growth, true);
-    ++DirCount;
-    DirTable.set(DirCount, {std::string(name), kind, parent, RunState == runState::idle});
-    return DirCount;
+    return existed ? known : appendDirRow(std::string(name), kind, parent, growth);
   });
 }
 

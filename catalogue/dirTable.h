@@ -57,6 +57,9 @@ class DirectoryTable {
 extern DirectoryTable DirTable;
 extern Int32 DirCount;
 
+// Adds a row and returns it. A table that is full grows by `growth` rows.
+Int32 appendDirRow(std::string name, char kind, Int32 parent, int growth);
+
 // Adds a directory or zip file, or finds the row of the same name, and returns its row.
 Int32 basAddDirToList(std::string_view name, char kind, Int32 parent, bool& existed);
 

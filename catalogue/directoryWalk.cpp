@@ -75,25 +75,15 @@ int attributesOrLog(DirectoryListing& entry, const std::string& path) {
 bool isExcluded(const std::string& path) {
   for (Int16 slot = 1; !ProfileDirList[slot].Dir.empty(); ++slot) {
     const DirSpec& spec = ProfileDirList[slot];
-    if (spec.IncludeExclude != "E") continue;
-    // A plain prefix: an exclude of C:\foo with its subdirectories also covers C:\foobar.
-    if (spec.RecurseSubDirs ? startsWithIgnoringCase(path, spec.Dir)
-                            : equalIgnoringCase(path, spec.Dir))
-      return true;
+    if (spec.IncludeExclude == "E" && appliesTo(spec, path)) return true;
   }
   return false;
 }
 
-char kindOfDirectory(const std::string& path) {
+bool isPassedOver(const std::string& path) {
   // The two names are compared with the whole path: those of a drive are scanned as any other.
-  const bool passedOver = equalIgnoringCase(path, TempDir) ||
-                          equalIgnoringCase(path, "system volume information") ||
-                          equalIgnoringCase(path, "recycled") || isExcluded(path);
-  return passedOver ? dirKind::none : dirKind::directory;
-}
-
-bool isWithinLimits(Int32 size) {
-  return size.raw() >= MinSizeBytes.toDouble() && size.raw() <= MaxSizeBytes.toDouble();
+  return equalIgnoringCase(path, TempDir) || equalIgnoringCase(path, "system volume information") ||
+         equalIgnoringCase(path, "recycled") || isExcluded(path);
 }
 
 // A file as the walk finds it.
@@ -112,7 +102,7 @@ FoundFile examineFile(DirectoryListing& entry) {
   }
   if (ignoringFailure([&] { found.size = entry.size(); }) != 0) return found;
   found.modified = entry.modified();
-  if (basValidateExtension(extension) && isWithinLimits(found.size)) found.kind = dirKind::file;
+  if (basValidateExtension(extension) && isWithinSizeLimits(found.size)) found.kind = dirKind::file;
   return found;
 }
 
@@ -125,8 +115,7 @@ void takeEntry(DirectoryListing& entry, const std::string& path, Int32 row, Pend
   const auto fullPath = [&] { return path + "\\" + std::string(entry.name()); };
   if ((attributesOrLog(entry, path) & attributeDirectory) != 0) {
     const std::string directory = fullPath();
-    if (kindOfDirectory(directory) == dirKind::directory)
-      addPending(directory, dirKind::directory, row, pending);
+    if (!isPassedOver(directory)) addPending(directory, dirKind::directory, row, pending);
     return;
   }
   const FoundFile found = examineFile(entry);

@@ -79,8 +79,16 @@ std::string basGetDirnameFromFilenum(Int32 file) {
   });
 }
 
+const DirRow& directoryOf(Int32 file) {
+  return listedDirectory(FileTable.FileDirNum[file]);
+}
+
+bool isInZip(Int32 file) {
+  return directoryOf(file).kind == dirKind::zipFolder;
+}
+
 const std::string& containerDirectory(Int32 file) {
-  const DirRow& directory = listedDirectory(FileTable.FileDirNum[file]);
+  const DirRow& directory = directoryOf(file);
   if (directory.kind != dirKind::zipFolder) return directory.name;
   return listedDirectory(listedDirectory(directory.parent).parent).name;
 }

@@ -12,6 +12,8 @@
 
 namespace quernstoke {
 
+struct DirRow;
+
 // Columns of FileStatus.
 enum StatusColumn : std::size_t {
   statusState,      // One of the values of fileState.
@@ -71,6 +73,10 @@ Int32 basAddFileToList(std::string_view name, Int32 directory, Int32 size, DateT
 // folder in it.
 std::string basGetDirnameFromFilenum(Int32 file);
 
+// These fail with a subscript out of range for a file whose directory does not belong to the list.
+
+const DirRow& directoryOf(Int32 file);
+bool isInZip(Int32 file);
 // The directory on disk that holds a file; for a zip entry, the one that holds the archive.
 const std::string& containerDirectory(Int32 file);
 

@@ -133,19 +133,14 @@ bool isScanning() {
 }
 
 bool isOfInterest(const ZipEntry& entry) {
-  return !entry.name.ends_with('/') && entry.size.raw() >= MinSizeBytes.toDouble() &&
-         entry.size.raw() <= MaxSizeBytes.toDouble() &&
+  return !entry.name.ends_with('/') && isWithinSizeLimits(entry.size) &&
          basValidateExtension(basGetFileType(entry.name));
 }
 
 // The row of a folder inside a zip file.
 Int32 folderRow(const std::string& folder, Int32 zipRow) {
   const Int32 known = DirTable.findFolder(folder, zipRow);
-  if (known != -1) return known;
-  if (DirCount >= DirTable.upperBound()) DirTable.redim(DirCount + growth, true);
-  ++DirCount;
-  DirTable.set(DirCount, {folder, dirKind::zipFolder, zipRow, RunState == runState::idle});
-  return DirCount;
+  return known != -1 ? known : appendDirRow(folder, dirKind::zipFolder, zipRow, growth);
 }
 
 }  // namespace

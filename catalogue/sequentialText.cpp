@@ -14,7 +14,8 @@ namespace {
 
 constexpr std::size_t writeSize = std::size_t{64} * 1024;
 
-// The digits from `at`, of a text as long as `length`, followed by `end`.
+// The number that the `length` digits from `at` on say. Fails with a type mismatch for anything
+// else.
 int datePart(std::string_view text, std::size_t at, std::size_t length) {
   int value = 0;
   const char* first = text.data() + at;

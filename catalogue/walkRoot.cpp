@@ -15,7 +15,7 @@ bool liesIn(std::string_view directory, std::string_view above) {
 
 std::optional<std::string_view> walkRootOf(std::string_view directory) {
   std::optional<std::string_view> root;
-  for (Int32 row = 1; row <= DirCount && row <= DirTable.upperBound(); ++row) {
+  for (Int32 row = 1; isListedDirectory(row); ++row) {
     const DirRow& start = DirTable[row];
     if (start.kind == dirKind::directory && start.parent == noParent &&
         liesIn(directory, start.name) && (!root || start.name.size() > root->size()))

@@ -73,14 +73,6 @@ Deletion remove(const WalkedFile& file) {
 
 }  // namespace
 
-const DirRow& directoryOf(Int32 file) {
-  return listedDirectory(FileTable.FileDirNum[file]);
-}
-
-bool isInZip(Int32 file) {
-  return directoryOf(file).kind == dirKind::zipFolder;
-}
-
 std::string pathOnDisk(Int32 file) {
   const std::string& directory = directoryOf(file).name;
   if (directory.empty()) fail(FailureNumber::pathNotFound);

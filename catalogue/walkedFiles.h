@@ -6,13 +6,9 @@
 
 namespace quernstoke {
 
-struct DirRow;
-
 // Files of the catalogue as they stand on the disk. The procedures fail with a subscript out of
 // range for a file whose directory does not belong to the list.
 
-const DirRow& directoryOf(Int32 file);
-bool isInZip(Int32 file);
 // The path of a file that isn't in an archive. Fails with a path not found if a damaged list has
 // lost the name of its directory: the file's name alone would be that of another one, in the root.
 std::string pathOnDisk(Int32 file);

@@ -59,7 +59,7 @@ void takeDirectories(const ScanPlan& plan, const std::string& types, const Drive
 
 void describeScan(const DirectoryScan& scan, const ScanPlan& plan, const DriveTable& drives) {
   ProfileName = "scan";
-  basSaveProfile(std::string_view("NEWPROFILE"));
+  basSaveProfile("NEWPROFILE");
   ProfileSettings.MatchingCriteria = scan.match;
   ProfileSettings.ContentMatchingPercent = scan.percent;
   ProfileSettings.ProcessZip = scan.zip;

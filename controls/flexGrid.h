@@ -17,11 +17,6 @@
 
 namespace quernstoke {
 
-enum class GridButton : int { left = 1, right = 2, middle = 4 };
-
-// The keys by which pages are turned. Other keys are told as none.
-enum class GridKey : int { none = 0, pageUp = 33, pageDown = 34, end = 35, home = 36 };
-
 // Shows a FlexGridModel, which it owns. The person selects cells with mouse and keyboard and drags
 // the edges of the titles; the titles themselves are dead. Visible and enabled are set through the
 // model.

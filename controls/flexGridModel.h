@@ -22,6 +22,12 @@ enum class CellAlignment : std::uint8_t {
 // The scroll bars that a grid may show; it shows them when they are needed.
 enum class ScrollBars : std::uint8_t { none = 0, horizontal = 1, vertical = 2, both = 3 };
 
+// A button pressed on a grid.
+enum class GridButton : std::uint8_t { left, right, middle };
+
+// A key let go in a grid: those by which pages are turned. Other keys are told as none.
+enum class GridKey : std::uint8_t { none, pageUp, pageDown, end, home };
+
 using Colour = std::uint32_t;  // 0xRRGGBB
 
 struct GridCell {

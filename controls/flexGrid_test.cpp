@@ -310,11 +310,12 @@ TEST_F(FlexGridTest, KeysOnTitlesAloneDoNothing) {
 }
 
 TEST_F(FlexGridTest, KeysByWhichPagesAreTurnedAreTold) {
-  std::vector<int> keys;
-  QObject::connect(&grid, &FlexGrid::keyUp, [&](GridKey key) { keys.push_back(int(key)); });
+  std::vector<GridKey> keys;
+  QObject::connect(&grid, &FlexGrid::keyUp, [&](GridKey key) { keys.push_back(key); });
   for (const int key : {Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_End, Qt::Key_Home, Qt::Key_A})
     typeKey(grid, key);
-  EXPECT_THAT(keys, ElementsAre(33, 34, 35, 36, 0));
+  EXPECT_THAT(keys, ElementsAre(GridKey::pageUp, GridKey::pageDown, GridKey::end, GridKey::home,
+                                GridKey::none));
 }
 
 TEST_F(FlexGridTest, OnlyTheReleaseOfAKeyThatWasPressedHereIsTold) {

@@ -4,7 +4,6 @@
 #include <concepts>
 #include <cstdint>
 #include <limits>
-#include <type_traits>
 #include <utility>
 
 #include "platform/failure.h"

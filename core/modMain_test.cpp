@@ -126,7 +126,7 @@ TEST_F(ModMainTest, TheMainWindowIsCalledByTheProgramsVersion) {
 TEST_F(ModMainTest, AStartLoadsTheGlobalSettings) {
   start();
   GlobalSettings.FileBufferSize = 4096;
-  basSaveProfile(std::string_view("GLOBAL"));
+  basSaveProfile("GLOBAL");
   GlobalSettings = {};
   start();
   EXPECT_EQ(GlobalSettings.FileBufferSize, 4096);

@@ -251,7 +251,7 @@ class PausedScanTest : public EngineTest {
     ProfileSettings.MinimumSize = 0;
     GlobalSettings.FileBufferSize = blockSize;
     setDirectory(1, "C:\\Data", "I");
-    basSaveProfile(std::string_view(""));
+    basSaveProfile("");
   }
   void startProgram() {
     resetToStartUpState();
@@ -505,7 +505,7 @@ TEST_F(PausedScanTest, RestartRecordOutsideTheTablesIsToldAndTheStagesGoOn) {
   makeScan("S", threeSizes);
   startScan({pauseAt(4)});
   ProfileSettings.RestartPointPrimaryFile = 8;
-  basSaveProfile(std::string_view("PROFILE"));
+  basSaveProfile("PROFILE");
   goOn();
 
   EXPECT_THAT(

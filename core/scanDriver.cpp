@@ -166,7 +166,7 @@ void saveOutcome() {
   ProfileSettings.RunMode = RunState;
   ProfileSettings.NumDuplicates = DuplicateCount;
   ProfileSettings.ElapsedTime = secondsBetween(ScanStartTime, systemClock().now());
-  basSaveProfile(std::string_view("PROFILE"));
+  basSaveProfile("PROFILE");
 }
 
 void showFollowingWindow() {

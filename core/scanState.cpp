@@ -24,4 +24,8 @@ bool basCheckRunState() {
   return RunState != runState::pauseRequested && RunState != runState::abortRequested;
 }
 
+bool isWithinSizeLimits(Int32 size) {
+  return size.raw() >= MinSizeBytes.toDouble() && size.raw() <= MaxSizeBytes.toDouble();
+}
+
 }  // namespace quernstoke

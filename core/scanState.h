@@ -6,7 +6,7 @@
 
 namespace quernstoke {
 
-// Values of RunState; those of a finished scan are kept in the profile as its RunMode.
+// Values of RunState; the one in which a scan ends is kept in the profile as its RunMode.
 namespace runState {
 constexpr std::int16_t idle = 0;  // Also while the two directories of a side by side view are read.
 constexpr std::int16_t comparing = 1;
@@ -54,5 +54,8 @@ extern Int32 BufferReads;
 
 // Whether a long loop is to go on: false once a pause or an abort was asked for.
 bool basCheckRunState();
+
+// Whether a file of this size is of interest to the scan.
+bool isWithinSizeLimits(Int32 size);
 
 }  // namespace quernstoke

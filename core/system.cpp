@@ -2,6 +2,7 @@
 
 #include "core/procedure.h"
 #include "core/text.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 
 namespace quernstoke {
@@ -53,6 +54,14 @@ std::string basShellOpen(std::string_view file, ShowMode showMode, std::string_v
   ignoringFailure([&] { answer = desktop().shellExecute(request); });
   if (answer < 0 || answer >= shellSuccess) return "OK";
   return answer == shellNoAssociation ? "NOASSOC" : "";
+}
+
+void showUnopenable(const std::string& path) {
+  dialogs().messageBox("Can't open file '" + path + "'");
+}
+
+void showNoApplication() {
+  dialogs().messageBox("This file has no associated application");
 }
 
 std::string basGetSpecialFolder(Int32 folderId) {

@@ -19,6 +19,11 @@ std::string basShellOpen(std::string_view file, ShowMode showMode, std::string_v
                          std::string_view directory, std::string_view operation,
                          std::intptr_t window);
 
+// What the person is told of a file that can't be opened, and of one with which no program is
+// associated.
+void showUnopenable(const std::string& path);
+void showNoApplication();
+
 // The path of a special folder; id 5 is the person's documents. Empty if there is none.
 std::string basGetSpecialFolder(Int32 folderId);
 

@@ -37,7 +37,7 @@ Int16 basCompareFileContent(Int32 primary, Int32 secondary, Int32 groupFirst, In
 // Reads one block of a file into its data, from the pool, its local copy or the file itself, and
 // keeps it for the next comparison. A negative block asks for the file's tail. A first block may be
 // put off instead, with isPutOff set, if what is known of it is likely to tell the file apart.
-void basCompareFileContentReadBlock(ComparedFile& file, Int32 block, bool& readFailed,
+void basCompareFileContentReadBlock(ComparedFile& side, Int32 block, bool& readFailed,
                                     Int32 groupFirst, Int32 groupCount);
 
 // Opens an existing file for reading, or with `mode` update for writing too. Returns -1 on failure.

@@ -205,13 +205,8 @@ void MatchPass::endPass() {
     ProfileSettings.RestartPointNumDuplicates = DuplicateCount;
   }
   ProfileSettings.MatchNum = CurrentMatchNum;
-  basSaveProfile(std::string_view("PROFILE"));
+  basSaveProfile("PROFILE");
   showPosition();
-}
-
-bool applies(const DirSpec& spec, const std::string& directory) {
-  return equalIgnoringCase(spec.Dir, directory) ||
-         (spec.RecurseSubDirs && startsWithIgnoringCase(directory, spec.Dir));
 }
 
 }  // namespace
@@ -234,7 +229,7 @@ bool basCompareFilesCheckExclusion(Int32 primary, Int32 secondary) {
         directories[1] = basGetDirnameFromFilenum(secondary);
       }
       for (const std::string& directory : directories) {
-        if (!applies(spec, directory)) continue;
+        if (!appliesTo(spec, directory)) continue;
         if (spec.IncludeExclude == "1")
           seenFirst = true;
         else

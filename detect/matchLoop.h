@@ -11,7 +11,7 @@ namespace quernstoke {
 // end of each pass.
 void basCompareFiles(std::string_view mode);
 
-// Whether the profile says that files of these two directories are not to be compared.
+// Whether the profile keeps these two files apart for the directories that they lie in.
 bool basCompareFilesCheckExclusion(Int32 primary, Int32 secondary);
 
 }  // namespace quernstoke

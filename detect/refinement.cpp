@@ -102,7 +102,8 @@ void basRemoveFilesByCriteria(std::string_view criteria) {
       if (dest != src) copyFileRow(src, dest);
       ++dest;
     }
-    // A removed file at the end goes whatever the criteria, as its neighbours have gone before it.
+    // The row kept last goes too, whatever the criteria, if it is removed or has a temporary flag
+    // of 3, which nothing sets.
     const Int32 lastKept = dest - 1;
     if (FileTable.FileStatus[statusState][lastKept] == fileState::removed ||
         FileTable.FileStatus[statusTemporary][lastKept] == 3)

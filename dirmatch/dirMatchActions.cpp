@@ -47,7 +47,7 @@ struct FilePath {
 // The file that a line shows on a side, or 0.
 Int32 fileAt(Int32 line, Int32 side) {
   if (line < 1 || line > DirMatchGridMap.upperBound()) return 0;
-  const Int32 entry = DirMatchGridMap[line][static_cast<std::size_t>(side.raw())];
+  const Int32 entry = DirMatchGridMap[line][sideIndex(side)];
   return entry < 1 ? Int32(0) : DirMatchRows[entry].file;
 }
 
@@ -277,9 +277,9 @@ void cmdOpen_Click(DirMatchControls& form, Int32 side) {
     const std::string path = pathOnDisk(file);
     const std::string result = basShellOpen(path, ShowMode::byDefault, "", "", "open", form.hWnd());
     if (result == "NOASSOC")
-      dialogs().messageBox("This file has no associated application");
+      showNoApplication();
     else if (result != "OK")
-      dialogs().messageBox("Can't open file '" + path + "'");
+      showUnopenable(path);
   });
 }
 

@@ -26,10 +26,6 @@ constexpr Colour grey = 0xC0C0C0;
 constexpr Colour dark = 0x202020;
 constexpr Colour black = 0;
 
-std::size_t indexOf(Int32 side) {
-  return static_cast<std::size_t>(side.raw());
-}
-
 class GridFiller {
  public:
   explicit GridFiller(FlexGridModel& grid) : grid_(grid) {}
@@ -41,10 +37,10 @@ class GridFiller {
       if (row.group != noGroup && nextRow_[0] > 1) addSeparator();
       lastGroup_ = row.group;
     }
-    Int32& line = nextRow_[indexOf(row.side)];
+    Int32& line = nextRow_[sideIndex(row.side)];
     makeRoom(line);
     showFile(line, row);
-    DirMatchGridMap[line][indexOf(row.side)] = number;
+    DirMatchGridMap[line][sideIndex(row.side)] = number;
     ++line;
   }
 
@@ -173,7 +169,7 @@ void setDirMatchColumnWidths(DirMatchControls& form) {
 void showDirMatchBases(DirMatchControls& form) {
   for (const int side : {dirMatchSide::left, dirMatchSide::right}) {
     const std::string label = "labDirName_" + std::to_string(side);
-    form.setText(label, fitted(form, label, DirMatchBase[indexOf(side)]));
+    form.setText(label, fitted(form, label, DirMatchBase[sideIndex(side)]));
   }
 }
 

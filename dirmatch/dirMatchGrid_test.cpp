@@ -179,7 +179,7 @@ TEST_F(DirMatchGridTest, TwentyThousandFilesAreShown) {
     files.push_back({"f" + std::to_string(file), file % 2 == 0 ? "C:\\left" : "C:\\right", file,
                      file < 10000 ? file / 2 : noMatch});
   buildCatalogue(files);
-  basSetupMatchGroupInfo("MATCHNUM", 0);
+  basSetupMatchGroupInfo("MATCHNUM", startMode::none);
   RunState = runState::finished;
   choose("C:\\left", "C:\\right");
   form.showAll = true;

@@ -4,7 +4,6 @@
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
-#include "catalogue/walkedFiles.h"
 #include "core/procedure.h"
 #include "detect/modSort.h"
 #include "detect/refinement.h"
@@ -33,7 +32,7 @@ bool isBelow(Int32 file, const std::string& base) {
 // The right side wins.
 Int32 sideOf(Int32 file) {
   for (const int side : {dirMatchSide::right, dirMatchSide::left})
-    if (isBelow(file, DirMatchBase[static_cast<std::size_t>(side)])) return side;
+    if (isBelow(file, DirMatchBase[sideIndex(side)])) return side;
   return dirMatchSide::none;
 }
 
@@ -74,7 +73,7 @@ void addGroup(Int32 number) {
 
 std::string subDirectoryOf(Int32 directory, Int32 side) {
   std::string name = listedDirectory(directory).name;
-  name.erase(0, DirMatchBase[static_cast<std::size_t>(side.raw())].size());
+  name.erase(0, DirMatchBase[sideIndex(side)].size());
   if (name.starts_with('/') || name.starts_with('\\')) name.erase(0, 1);
   return name;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string>
 
 #include "core/integers.h"
@@ -15,6 +16,11 @@ constexpr int left = 0;
 constexpr int right = 1;
 constexpr int count = 2;
 }  // namespace dirMatchSide
+
+// The place of a side in an array by side.
+inline std::size_t sideIndex(Int32 side) {
+  return static_cast<std::size_t>(side.raw());
+}
 
 constexpr int noGroup = -1;
 

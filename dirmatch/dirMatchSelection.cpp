@@ -27,7 +27,7 @@ void selectSide(FlexGridModel& grid, Int32 side) {
 }
 
 Int32 entryAt(const FlexGridModel& grid, Int32 line, Int32 side) {
-  const auto index = static_cast<std::size_t>(side.raw());
+  const std::size_t index = sideIndex(side);
   const Int32 entry = DirMatchGridMap[line][index];
   const bool isLast = line >= grid.rows() - 1;
   return entry == dirMatchEntry::separator && !isLast ? DirMatchGridMap[line + 1][index] : entry;

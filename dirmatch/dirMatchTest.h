@@ -38,7 +38,7 @@ class DirMatchTest : public EngineTest {
         FileTable.FileStatus[statusTemporary][file] = 1;
     for (const CatalogueFile& file : files)
       disk.file(file.directory + "\\" + file.name, contentOf(file.name, file.size));
-    basSetupMatchGroupInfo("MATCHNUM", 0);
+    basSetupMatchGroupInfo("MATCHNUM", startMode::none);
     RunState = runState::finished;
     choose("C:\\left", "C:\\right");
   }

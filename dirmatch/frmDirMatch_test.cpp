@@ -43,7 +43,7 @@ class DirMatchWindow : public EngineTest {
     for (const CatalogueFile& file : files)
       disk.file(file.directory + "\\" + file.name,
                 std::string(static_cast<std::size_t>(file.size), 'x'));
-    basSetupMatchGroupInfo("MATCHNUM", 0);
+    basSetupMatchGroupInfo("MATCHNUM", startMode::none);
     RunState = runState::finished;
     DirMatchDir1 = basFindDirInList(left);
     DirMatchDir2 = basFindDirInList(right);

@@ -4,7 +4,6 @@
 #include <string_view>
 #include <vector>
 
-#include "catalogue/fileTable.h"
 #include "core/modMain.h"
 #include "fuzz/require.h"
 #include "platform/platform.h"
@@ -16,20 +15,12 @@
 namespace quernstoke {
 namespace {
 
-struct Record {
-  std::string key;
-  Int16 index;
-  std::string value;
-  std::string type;
-
-  friend bool operator==(const Record&, const Record&) = default;
-};
-
 // The records of a file up to the first that is told of in a box.
-std::vector<Record> readRecords(const StandIns& engine, const std::string& path) {
-  std::vector<Record> records;
+std::vector<ConfigRecord> recordsUntilAMessage(const StandIns& engine, const std::string& path) {
+  std::vector<ConfigRecord> records;
   const FileNumber file = files().open(path, OpenMode::input);
-  for (Record record; !basConfigRead(file, record.key, record.index, record.value, record.type);) {
+  for (ConfigRecord record;
+       !basConfigRead(file, record.key, record.index, record.value, record.type);) {
     if (!engine.dialogBoxes.messages.empty()) break;
     records.push_back(record);
   }
@@ -40,14 +31,15 @@ std::vector<Record> readRecords(const StandIns& engine, const std::string& path)
 void tryRecords(std::string_view bytes) {
   StandIns engine;
   engine.disk.file("C:\\given", bytes);
-  std::vector<Record> records = readRecords(engine, "C:\\given");
+  std::vector<ConfigRecord> records = recordsUntilAMessage(engine, "C:\\given");
   engine.dialogBoxes.messages.clear();
 
   const FileNumber file = files().open("C:\\written", OpenMode::binary);
-  for (Record& record : records)
+  for (ConfigRecord& record : records)
     basConfigWrite(file, record.key, record.index, record.value, record.type);
   files().close(file);
-  require(readRecords(engine, "C:\\written") == records, "records are read as they were written");
+  require(recordsUntilAMessage(engine, "C:\\written") == records,
+          "records are read as they were written");
   require(engine.dialogBoxes.messages.empty(), "nothing is said of records that were written");
 }
 

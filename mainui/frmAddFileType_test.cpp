@@ -231,7 +231,7 @@ TEST_F(FileTypesDialog, ARowAboveTenIsListedUntilTheDialogIsClosed) {
   EXPECT_EQ(types().count(), 10);
   EXPECT_THAT(selected(types()), ElementsAre("All files"));
   EXPECT_EQ(description(11), "Eleventh");
-  basSaveProfile(std::string_view("GLOBAL"));
+  basSaveProfile("GLOBAL");
   EXPECT_THAT(disk.content(ProfilesDir + "\\global.settings"),
               testing::HasSubstr("FileTypeDescription\t11\tEleventh\tS\r"));
 }

@@ -28,7 +28,7 @@ void frmMain::cmdStart_Click() {
       return;
     }
     basSaveControlValues("");
-    basSaveProfile(std::string_view(""));
+    basSaveProfile("");
     if (!localCopiesFit()) return;
     StartMode = startMode::none;
     for (const QRadioButton* option : optStartModes_) {
@@ -77,12 +77,12 @@ void frmMain::cmdExit_Click() {
     quernstoke::frmResults().unload();
     if (!ProfileName.empty()) {
       basSaveControlValues("PROFILE");
-      basSaveProfile(std::string_view("PROFILE"));
+      basSaveProfile("PROFILE");
       basSaveFilesList();
       basSaveDirTable();
     }
     basSaveControlValues("GLOBAL");
-    basSaveProfile(std::string_view("GLOBAL"));
+    basSaveProfile("GLOBAL");
     unload();
     QCoreApplication::exit();
   });

@@ -17,6 +17,7 @@
 #include "core/text.h"
 #include "mainui/frmMain.h"
 #include "mainui/quickHelp.h"
+#include "mainui/statusPanels.h"
 #include "mainui/ui_frmMain.h"
 
 namespace quernstoke::forms {

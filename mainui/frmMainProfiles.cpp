@@ -98,7 +98,7 @@ void frmMain::cboProfile_Click() {
     if (takeIgnoreTag(*ui_->cboProfile)) return;
     if (!ProfileName.empty()) {
       basSaveControlValues("");
-      basSaveProfile(std::string_view("PROFILE"));
+      basSaveProfile("PROFILE");
     }
     if (ui_->cboProfile->currentText() != newProfile) {
       ProfileName = engineText(ui_->cboProfile->currentText());
@@ -114,8 +114,8 @@ void frmMain::cboProfile_Click() {
 }
 
 void frmMain::createProfile() {
-  basSaveProfile(std::string_view("NEWPROFILE"));
-  basSaveProfile(std::string_view("GLOBAL"));
+  basSaveProfile("NEWPROFILE");
+  basSaveProfile("GLOBAL");
   basUpdateProfileCombo();
   basUpdateProfileObjects(ProfileName);
   selectProfilesOfThisName();

@@ -237,7 +237,7 @@ TEST_F(MainWindowProfiles, ThreeQuestionMarksGoOnWithAnEmptyName) {
 TEST_F(MainWindowProfiles, ANewOneBeyondTheFullListIsCurrentButNotListed) {
   for (int slot = 1; slot <= lastProfileSlot; ++slot)
     ProfileList.ProfileNameList[slot] = "P" + std::to_string(slot);
-  basSaveProfile(std::string_view("GLOBAL"));
+  basSaveProfile("GLOBAL");
   open();
   makeNew({"Zoe"});
   EXPECT_EQ(ProfileName, "Zoe");
@@ -272,7 +272,7 @@ TEST_F(MainWindowProfiles, DeletingRemovesTheFilesAndAllSlotsOfTheName) {
   ProfileList.ProfileNameList[0] = "ann";
   ProfileList.ProfileNameList[7] = "ANN";
   ProfileList.ProfileDateList[7] = "yesterday";
-  basSaveProfile(std::string_view("GLOBAL"));
+  basSaveProfile("GLOBAL");
   open();
   choose("Ann");
   disk.file(ProfilesDir + "\\Ann.files", "");

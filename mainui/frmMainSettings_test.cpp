@@ -76,7 +76,7 @@ TEST_F(MainWindowSettings, OfTheInstallationComeToTheScreen) {
   GlobalSettings.TransferMaxDiskSpace = 3;
   GlobalSettings.TransferMaxDiskSpaceMeasure = "GB";
   GlobalSettings.TempPath = "C:\\Elsewhere";
-  basSaveProfile(std::string_view("GLOBAL"));
+  basSaveProfile("GLOBAL");
   open();
   EXPECT_EQ(text("txtNumberOfFileBuffers"), "250");
   EXPECT_EQ(text("txtFileBufferSize"), "4096");
@@ -209,7 +209,7 @@ TEST_F(MainWindowSettings, ControlCharactersOfAPasteAreNotSaved) {
   form().basSaveControlValues("");
   EXPECT_EQ(ProfileSettings.Desc, "abcd\u202Ee");
   EXPECT_EQ(GlobalSettings.TempPath, "C:\\ab");
-  basSaveProfile(std::string_view("PROFILE"));
+  basSaveProfile("PROFILE");
   choose("Ann");
   EXPECT_EQ(text("txtDescription"), "abcd\u202Ee");
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
@@ -219,7 +219,7 @@ TEST_F(MainWindowSettings, ControlCharactersOfAPasteAreNotSaved) {
 TEST_F(MainWindowSettings, BytesThatAreNoTextComeBackAsTheyWere) {
   haveProfile("M\xFCll", [] { ProfileSettings.Desc = "\xE4 \xC3\xA4 \xFF"; });
   GlobalSettings.TempPath = "C:\\Photos\\\xD6";
-  basSaveProfile(std::string_view("GLOBAL"));
+  basSaveProfile("GLOBAL");
   open();
   list("cboProfile").setCurrentIndex(1);
   emit list("cboProfile").activated(1);

@@ -54,10 +54,10 @@ class MainWindowTest : public EngineTest {
   // directories.
   static void haveProfile(const std::string& name, const std::function<void()>& change = {}) {
     ProfileName = name;
-    basSaveProfile(std::string_view("NEWPROFILE"));
+    basSaveProfile("NEWPROFILE");
     if (change) change();
-    basSaveProfile(std::string_view("PROFILE"));
-    basSaveProfile(std::string_view("GLOBAL"));
+    basSaveProfile("PROFILE");
+    basSaveProfile("GLOBAL");
     ProfileName.clear();
   }
   // Opens the window and chooses the profile "Ann".

@@ -368,7 +368,7 @@ TEST_F(MainWindowLoad, ListsTheProfilesAndSelectsNone) {
   haveProfile("ben");
   ProfileList.ProfileNameList[0] = "unlisted";
   ProfileList.ProfileNameList[5] = "Eve";
-  basSaveProfile(std::string_view("GLOBAL"));
+  basSaveProfile("GLOBAL");
   open();
   EXPECT_THAT(entries("cboProfile"), ElementsAre("<New Profile>", "Ann", "ben", "Eve"));
   EXPECT_EQ(list("cboProfile").currentIndex(), -1);
@@ -422,7 +422,7 @@ TEST_F(MainWindowLoad, AProfileThatIsNotListedDoesNotSwallowTheNextChoice) {
   haveProfile("Ann");
   haveProfile("Ben");
   ProfileList.ProfileNameList[2].clear();
-  basSaveProfile(std::string_view("GLOBAL"));
+  basSaveProfile("GLOBAL");
   open();
   window.unload();
   ProfileName = "Ben";
@@ -464,7 +464,7 @@ TEST_F(MainWindowLoad, AProfileCalledLikeAKindOfSettingsIsReadAsOne) {
 
 TEST_F(MainWindowLoad, DamagedMeasureIsReportedAndTheRestOfTheLoadGoesOn) {
   GlobalSettings.TransferMaxDiskSpaceMeasure = "TB";
-  basSaveProfile(std::string_view("GLOBAL"));
+  basSaveProfile("GLOBAL");
   open();
   EXPECT_THAT(dialogBoxes.messages,
               ElementsAre(procedureError("basUpdateGlobalObjects",

@@ -15,8 +15,9 @@ struct HelpString {
   std::string_view text;
 };
 
-// By number: the settings of a profile, its buttons, the results window, the settings of the
-// installation, the status bars, and the steps that a person takes.
+// By number: the settings of a profile, the main window's buttons, the settings of the
+// installation, the results window, some more of these, the status bars, and the steps that a
+// person takes.
 constexpr std::array helpStrings{
     HelpString{
         101,

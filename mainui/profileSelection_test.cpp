@@ -24,7 +24,7 @@ class ProfileSelectionTest : public EngineTest {
   void leaveScan() {
     makeProfile("Music");
     ProfileSettings.NumDuplicates = 1;
-    basSaveProfile(std::string_view("PROFILE"));
+    basSaveProfile("PROFILE");
     buildCatalogue({{"a.mp3", "C:\\A", 10, 0}, {"b.mp3", "C:\\B", 10, 0}});
     basSaveFilesList();
     basSaveDirTable();

@@ -1,6 +1,5 @@
 #include "mainui/quickHelp.h"
 
-#include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
 #include "core/modMain.h"
 #include "core/procedure.h"
@@ -39,21 +38,6 @@ Int16 stepText(const TaggedControl& frame) {
   return Int16(welcome) + HelpState;
 }
 
-std::string_view stateWord(Int16 runMode) {
-  switch (runMode.raw()) {
-    case runState::idle:
-      return "Finished";
-    case runState::paused:
-      return "Paused";
-    case runState::aborted:
-      return "Aborted";
-    case runState::finished:
-      return "Completed";
-    default:
-      return "Unknown";
-  }
-}
-
 }  // namespace
 
 void basDisplayHelp(Int16 helpId, TaggedControl& frame, TextControl& textBox) {
@@ -78,15 +62,6 @@ Int16 basDetermineHelpState(Int32 gridRows, Int32 tickedOptions) {
     if (ProfileSettings.RunMode == runState::finished) return step::viewingResults;
     return step::welcomed;
   });
-}
-
-std::array<PanelText, 5> mainStatusPanels() {
-  const std::string duplicates = DuplicateCount == -1 ? "?" : toText(DuplicateCount);
-  return {{{1, "Profile: " + ProfileName, "150"},
-           {3, "Files: " + toText(FileCount), "151"},
-           {5, "Directories: " + toText(DirCount), "152"},
-           {7, "Duplicates: " + duplicates, "153"},
-           {9, "State: " + std::string(stateWord(ProfileSettings.RunMode)), "154"}}};
 }
 
 }  // namespace quernstoke

@@ -1,9 +1,5 @@
 #pragma once
 
-#include <array>
-#include <string>
-#include <string_view>
-
 #include "core/integers.h"
 
 namespace quernstoke {
@@ -23,15 +19,5 @@ void basDisplayHelp(Int16 helpId, TaggedControl& frame, TextControl& textBox);
 // The step reached by the current profile, whose directory list shows `gridRows` rows with its
 // header, and of whose match options `tickedOptions` are ticked.
 Int16 basDetermineHelpState(Int32 gridRows, Int32 tickedOptions);
-
-// What a panel of the main window's status bar shows. The tag is the number of its help text.
-struct PanelText {
-  int number;
-  std::string text;
-  std::string_view tag;
-};
-
-// The panels that carry text, in the order in which they are set. Those between are separators.
-std::array<PanelText, 5> mainStatusPanels();
 
 }  // namespace quernstoke

@@ -15,6 +15,7 @@
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "platform/windows.h"
+#include "results/directoryChoice.h"
 #include "results/filters.h"
 #include "results/gridSelection.h"
 #include "results/resultsControls.h"
@@ -28,19 +29,12 @@ constexpr int openMatchWindow = 2;  // The index behind those of the two directo
 constexpr int left = 0;
 constexpr int right = 1;
 
-// Empty if the dialog was cancelled.
-std::string chooseDirectory(const std::string& directory) {
-  constexpr int asItIs = -1;
-  DialogText = directory;
-  DialogValue = DialogValue2 = asItIs;
-  modalForms.frmDirParent();
-  return DialogText;
-}
-
 void pickDirectory(ResultsControls& form, Int16 index) {
   const FlexGridModel& grid = form.gridMatches();
   if (grid.row() < 1) return;
-  const std::string directory = chooseDirectory(containerDirectory(selectedFile(grid)));
+  const std::string directory =
+      chooseDirectory(containerDirectory(selectedFile(grid)), choiceBox::asItIs, choiceBox::asItIs)
+          .directory;
   if (directory.empty()) return;
   const Int32 number = basFindDirInList(directory);
   if (number == -1) {

@@ -71,10 +71,6 @@ void deleteTicked(FlexGridModel& grid) {
     if (grid.rowData(row) >= 0 && isTicked(grid.rowData(row))) deleteRow(grid, row);
 }
 
-void showUnopenable(const std::string& path) {
-  dialogs().messageBox("Can't open file '" + path + "'");
-}
-
 std::string extract(Int32 file) {
   const std::string name(FileTable.FileName[file]);
   const std::string path = TempDir + "\\" + name;
@@ -104,8 +100,7 @@ void launch(const std::string& path) {
     showUnopenable(path);
     return;
   }
-  if (basShellOpen(path, ShowMode::byDefault, "", "", "open", 0) == "NOASSOC")
-    dialogs().messageBox("This file has no associated application");
+  if (basShellOpen(path, ShowMode::byDefault, "", "", "open", 0) == "NOASSOC") showNoApplication();
 }
 
 }  // namespace

@@ -18,11 +18,8 @@ constexpr std::int16_t ticked = 1;
 // REQUIRES: nothing fills the grid or sorts the catalogue while a message is shown.
 void basDeleteFile(ResultsControls& form, Int16 mode);
 
-// Deletes one file from disk and says so in its row of the catalogue. Only a regular file under the
-// very names that the scan came upon is touched: what is reached by a link below the directory that
-// the person has named counts as not there. A file of another size or date than the scan found is
-// refused, and so is one that another row of its match leads to as well, for it would be the only
-// copy.
+// Deletes one file from disk as deleteWalkedFile does, tells why if that was refused or has failed,
+// and marks its row of the catalogue.
 void basDeleteFileFromGrid(Int32 file, bool& deleted);
 
 // Open the selected file, and the directory that holds it or its archive. Exactly one file must be

@@ -58,7 +58,8 @@ void writeTwoLines(const CellWriter& write, Int32 file, Int32 row, Int16 percent
   write(row, resultsColumn::tick, {}, CellAlignment::centreBottom);
   write(row + 1, resultsColumn::tick, {}, CellAlignment::centreTop);
   writeName(write, file, row);
-  write(row + 1, 1, "   " + basGetDirnameFromFilenum(file), CellAlignment::leftCentre);
+  write(row + 1, resultsColumn::name, "   " + basGetDirnameFromFilenum(file),
+        CellAlignment::leftCentre);
   write(row, 2, dateText(file), CellAlignment::leftCentre);
   write(row + 1, 2, toText(FileTable.FileSize[file]), CellAlignment::rightCentre);
   if (!hasPercentColumn()) return;

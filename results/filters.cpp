@@ -14,10 +14,10 @@
 #include "core/table.h"
 #include "core/text.h"
 #include "detect/refinement.h"
-#include "mainui/modalForms.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
+#include "results/directoryChoice.h"
 #include "results/gridSelection.h"
 #include "results/localCopies.h"
 #include "results/resultsControls.h"
@@ -28,10 +28,6 @@
 namespace quernstoke {
 
 namespace {
-
-constexpr int unticked = 0;
-constexpr int ticked = 1;
-constexpr int undecided = 2;  // The dimmed state of a box. Left at that, the answer is yes.
 
 constexpr int clearSelection = 2;  // The index behind those of the two directories.
 
@@ -50,22 +46,6 @@ bool hasRealDirectory(Int32 file) {
 
 std::string selectedDirectory(const ResultsControls& form) {
   return realDirectory(selectedFile(form.gridMatches()));
-}
-
-// What the person answers in frmDirParent.
-struct DirectoryChoice {
-  std::string directory;  // Empty if the dialog was cancelled.
-  Int32 subDirectories;
-  Int32 makePermanent;
-};
-
-DirectoryChoice chooseDirectory(const std::string& directory, int subDirectories,
-                                int makePermanent) {
-  DialogText = directory;
-  DialogValue = subDirectories;
-  DialogValue2 = makePermanent;
-  modalForms.frmDirParent();
-  return {DialogText, DialogValue, DialogValue2};
 }
 
 // The extensions of the slot stay: only included directories have any.
@@ -132,15 +112,16 @@ void storePair(ResultsControls& form) {
 
 void pickOfTwoDirs(ResultsControls& form, Int16 index) {
   const DirectoryChoice choice = chooseDirectory(
-      selectedDirectory(form), form.lastSubDirectories() ? ticked : unticked, undecided);
+      selectedDirectory(form), form.lastSubDirectories() ? choiceBox::ticked : choiceBox::unticked,
+      choiceBox::undecided);
   MenuItemControl& item = form.mnuFilterTwoDirs(index);
   if (!choice.directory.empty()) {
     item.setTag(choice.directory);
     item.setCaption(choice.directory);
   }
   if (form.mnuFilterTwoDirs(0).tag().empty() || form.mnuFilterTwoDirs(1).tag().empty()) return;
-  form.lastSubDirectories() = choice.subDirectories == ticked;
-  if (choice.makePermanent >= ticked) storePair(form);
+  form.lastSubDirectories() = choice.subDirectories == choiceBox::ticked;
+  if (choice.makePermanent >= choiceBox::ticked) storePair(form);
   resetTwoDirs(form);
 }
 
@@ -166,11 +147,12 @@ void basFilterDirectory(ResultsControls& form) {
   procedure("basFilterDirectory", [&] {
     const std::optional<Int32> file = onlySelectedFile(form.gridMatches());
     if (!file) return dialogs().beep();
-    const DirectoryChoice choice = chooseDirectory(realDirectory(*file), ticked, unticked);
+    const DirectoryChoice choice =
+        chooseDirectory(realDirectory(*file), choiceBox::ticked, choiceBox::unticked);
     if (choice.directory.empty()) return;
     const std::string directory = lower(choice.directory);
-    const bool recurse = choice.subDirectories == ticked;
-    if (choice.makePermanent == ticked) {
+    const bool recurse = choice.subDirectories == choiceBox::ticked;
+    if (choice.makePermanent == choiceBox::ticked) {
       storeInSlot(firstFreeDirSlot(), directory, "E", recurse);
       form.exclusionStored() = true;
     }

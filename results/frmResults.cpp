@@ -165,10 +165,10 @@ void frmResults::connectControls() {
   connect(ui_->vscrGridMatches, &QScrollBar::valueChanged, this, &frmResults::moveToScrollBar);
   connect(ui_->gridMatches, &FlexGrid::click, this, [this] { gridMatches_Click(*this); });
   connect(ui_->gridMatches, &FlexGrid::keyUp, this, [this](GridKey key) {
-    if (!pageIsKept_) gridMatches_KeyUp(*this, static_cast<int>(key));
+    if (!pageIsKept_) gridMatches_KeyUp(*this, key);
   });
   connect(ui_->gridMatches, &FlexGrid::mouseDown, this, [this](GridButton button, int x, int y) {
-    popUpAt(static_cast<int>(button), {x, y});
+    popUpAt(button, {x, y});
   });
 }
 
@@ -418,7 +418,7 @@ void frmResults::popUpBeside(std::string_view menu, std::string_view control, In
 }
 
 // A button pressed there, in twips from the grid's corner.
-void frmResults::popUpAt(Int16 button, QPoint atGrid) {
+void frmResults::popUpAt(GridButton button, QPoint atGrid) {
   const QPoint pixels(pixelsFromTwips(atGrid.x()), pixelsFromTwips(atGrid.y()));
   menuPosition_ = ui_->gridMatches->viewport()->mapToGlobal(pixels);
   gridMatches_MouseDown(*this, button, atGrid.y());
@@ -426,13 +426,12 @@ void frmResults::popUpAt(Int16 button, QPoint atGrid) {
 
 // The key for menus stands in for the right button on the current row.
 void frmResults::contextMenuEvent(QContextMenuEvent* event) {
-  constexpr int rightButton = 2;
   const FlexGridModel& grid = gridMatches();
   if (event->reason() != QContextMenuEvent::Keyboard || !ui_->gridMatches->hasFocus() ||
       grid.row() < 1)
     return event->ignore();
   const Int32 height = grid.rowHeight(grid.row());
-  popUpAt(rightButton, {height.raw(), (grid.rowPos(grid.row()) + height / 2).raw()});
+  popUpAt(GridButton::right, {height.raw(), (grid.rowPos(grid.row()) + height / 2).raw()});
 }
 
 void frmResults::keyPressEvent(QKeyEvent* event) {

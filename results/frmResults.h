@@ -6,6 +6,7 @@
 #include <memory>
 #include <string_view>
 
+#include "controls/flexGridModel.h"
 #include "controls/form.h"
 #include "core/integers.h"
 #include "results/resultsControls.h"
@@ -86,7 +87,7 @@ class frmResults : public Form, private ResultsControls {
   template <class Command>
   void keepingThePage(Command command);
   void closeMenus();
-  void popUpAt(Int16 button, QPoint atGrid);
+  void popUpAt(GridButton button, QPoint atGrid);
 
   void basPositionFormObjects(Int16 keepOrder);
   void placeAtRight();

@@ -3,7 +3,6 @@
 #include <string_view>
 
 #include "catalogue/fileTable.h"
-#include "controls/flexGridModel.h"
 #include "core/procedure.h"
 #include "core/rounding.h"
 #include "platform/controls.h"
@@ -68,19 +67,19 @@ void vscrGridMatches_Change(ResultsControls& form) {
   });
 }
 
-void gridMatches_KeyUp(ResultsControls& form, Int16 key) {
+void gridMatches_KeyUp(ResultsControls& form, GridKey key) {
   procedure("gridMatches_KeyUp", [&] {
     constexpr int behindTheEnd = 999999;
-    switch (key.raw()) {
-      case 33:
+    switch (key) {
+      case GridKey::pageUp:
         return basFillGrid(form, "PGUP", -1);
-      case 34:
+      case GridKey::pageDown:
         return basFillGrid(form, "PGDN", -1);
-      case 35:
+      case GridKey::end:
         return basFillGrid(form, "POS", behindTheEnd);
-      case 36:
+      case GridKey::home:
         return basFillGrid(form, "POS", 1);
-      default:
+      case GridKey::none:
         return;
     }
   });

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/integers.h"
+#include "controls/flexGridModel.h"
 
 namespace quernstoke {
 
@@ -13,6 +13,6 @@ void prepareScrollBar(ScrollBarControl& scrollBar);
 
 // The events that turn the page: a movement of the scroll bar, and a key let go in the grid.
 void vscrGridMatches_Change(ResultsControls& form);
-void gridMatches_KeyUp(ResultsControls& form, Int16 key);
+void gridMatches_KeyUp(ResultsControls& form, GridKey key);
 
 }  // namespace quernstoke

@@ -9,16 +9,11 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr int pageUpKey = 33;
-constexpr int pageDownKey = 34;
-constexpr int endKey = 35;
-constexpr int homeKey = 36;
-
 class ScrollingTest : public ResultsGridTest {
  protected:
   // Moves the bar as a person does.
   void scrollTo(int value) { form.scrollBar.setValue(static_cast<std::int16_t>(value)); }
-  void press(int key) { gridMatches_KeyUp(form, key); }
+  void press(GridKey key) { gridMatches_KeyUp(form, key); }
   int barValue() const { return form.scrollBar.value(); }
 };
 
@@ -148,17 +143,17 @@ TEST_F(ScrollingTest, StepOfAScaledBarIsStillAFile) {
 
 TEST_F(ScrollingTest, KeysTurnThePage) {
   build(100);
-  press(pageDownKey);
+  press(GridKey::pageDown);
   EXPECT_EQ(firstOnPage(), 20);
   EXPECT_EQ(cursor(), 19);
-  press(pageUpKey);
+  press(GridKey::pageUp);
   EXPECT_EQ(firstOnPage(), 1);
   EXPECT_EQ(cursor(), 1);
-  press(endKey);
+  press(GridKey::end);
   EXPECT_EQ(firstOnPage(), 82);
   EXPECT_EQ(lastOnPage(), 100);
   EXPECT_EQ(cursor(), 19);
-  press(homeKey);
+  press(GridKey::home);
   EXPECT_EQ(firstOnPage(), 1);
   EXPECT_EQ(cursor(), 1);
 }
@@ -166,8 +161,7 @@ TEST_F(ScrollingTest, KeysTurnThePage) {
 TEST_F(ScrollingTest, OtherKeysDoNothing) {
   build(100);
   form.statusBarUpdates = 0;
-  for (const int key : {0, 13, 32, 37, 38, 40})
-    press(key);
+  press(GridKey::none);
   EXPECT_EQ(form.statusBarUpdates, 0);
 }
 
@@ -176,11 +170,11 @@ TEST_F(ScrollingTest, KeysMoveNoBarButToItsEnds) {
   build(200);
   scrollTo(30);
   form.scrollBar.values.clear();
-  press(pageDownKey);
-  press(pageDownKey);
+  press(GridKey::pageDown);
+  press(GridKey::pageDown);
   EXPECT_THAT(form.scrollBar.values, IsEmpty());
-  press(endKey);
-  press(homeKey);
+  press(GridKey::end);
+  press(GridKey::home);
   EXPECT_THAT(form.scrollBar.values, ElementsAre(201, 1));
   EXPECT_EQ(GridPrevScroll, 30);
 }
@@ -188,7 +182,7 @@ TEST_F(ScrollingTest, KeysMoveNoBarButToItsEnds) {
 TEST_F(ScrollingTest, EndStopsAtFile999999OfMoreThanAMillion) {
   form.screen.rowsThatFit = 40;
   buildNameless(1'000'100);
-  press(endKey);
+  press(GridKey::end);
   EXPECT_EQ(firstOnPage(), 999'999);
   EXPECT_EQ(lastOnPage(), 1'000'037);
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
@@ -199,7 +193,7 @@ TEST_F(ScrollingTest, EndOfMoreThanAMillionLeavesTheCursorOnTheLastRowWritten) {
   ResultsView = resultsView::twoLines;
   form.screen.rowsThatFit = 70;
   buildNameless(1'000'100);
-  press(endKey);
+  press(GridKey::end);
   EXPECT_EQ(GridPageRows, 69);
   EXPECT_EQ(cursor(), 70);
 }

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "catalogue/fileTable.h"
-#include "controls/flexGridModel.h"
 #include "core/procedure.h"
 #include "results/fileRows.h"
 #include "results/gridPaging.h"
@@ -51,7 +50,7 @@ void toggleTicks(FlexGridModel& grid, const RowArea& range) {
 void selectRows(FlexGridModel& grid, const RowArea& range) {
   grid.setRow(range.firstRow);
   grid.setRowSel(range.lastRow);
-  grid.setCol(1);
+  grid.setCol(resultsColumn::name);
   grid.setColSel(grid.cols() - 1);
 }
 
@@ -126,10 +125,9 @@ void tickSelection(ResultsControls& form) {
   });
 }
 
-void gridMatches_MouseDown(ResultsControls& form, Int16 button, Int32 y) {
+void gridMatches_MouseDown(ResultsControls& form, GridButton button, Int32 y) {
   procedure("gridMatches_MouseDown", [&] {
-    constexpr int rightButton = 2;
-    if (button != rightButton) return;
+    if (button != GridButton::right) return;
     FlexGridModel& grid = form.gridMatches();
     const Int32 hit = rowAt(grid, y);
     if (hit == noRow) return;

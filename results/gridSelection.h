@@ -2,11 +2,11 @@
 
 #include <optional>
 
+#include "controls/flexGridModel.h"
 #include "core/integers.h"
 
 namespace quernstoke {
 
-class FlexGridModel;
 class ResultsControls;
 
 // The grid rows of one file, or of several.
@@ -45,8 +45,8 @@ void gridMatches_Click(ResultsControls& form);
 // has none.
 void tickSelection(ResultsControls& form);
 
-// The right button (2) pops up the menu of the file under it or of the selection. Other buttons do
+// The right button pops up the menu of the file under it or of the selection. Other buttons do
 // nothing. Y is counted from the grid's upper edge, in twips.
-void gridMatches_MouseDown(ResultsControls& form, Int16 button, Int32 y);
+void gridMatches_MouseDown(ResultsControls& form, GridButton button, Int32 y);
 
 }  // namespace quernstoke

@@ -225,7 +225,7 @@ TEST_F(ClickTest, EveryFileOfAMatchCanBeTicked) {
 class MenuTest : public SelectionTest {
  protected:
   MenuTest() { build(30); }
-  void pressRight(int y) { gridMatches_MouseDown(form, 2, y); }
+  void pressRight(int y) { gridMatches_MouseDown(form, GridButton::right, y); }
 };
 
 TEST_F(MenuTest, RightButtonOnAFileSelectsItAndPopsUpItsMenu) {
@@ -237,7 +237,7 @@ TEST_F(MenuTest, RightButtonOnAFileSelectsItAndPopsUpItsMenu) {
 
 TEST_F(MenuTest, OtherButtonsDoNothing) {
   select(5, 5);
-  for (const int button : {1, 4})
+  for (const GridButton button : {GridButton::left, GridButton::middle})
     gridMatches_MouseDown(form, button, 1000);
   EXPECT_THAT(form.menus, IsEmpty());
   EXPECT_THAT(rows(), Pair(5, 5));

@@ -18,8 +18,9 @@ struct MatchGroup {
 extern Table<MatchGroup> MatchGroupTable;
 extern Int32 MatchGroupCount;
 
-// Lists the runs of a key: "NAME", "SIZE", "MATCHNUM" or "DIRECTORY". Start mode 3 also counts
-// DuplicateCount anew. REQUIRES: the catalogue is sorted on that key.
+// Lists the runs of a key: "NAME", "SIZE", "MATCHNUM" or "DIRECTORY".
+// startMode::refresh also counts DuplicateCount anew. REQUIRES: the catalogue is sorted on that
+// key.
 void basSetupMatchGroupInfo(std::string_view key, Int16 mode);
 
 }  // namespace quernstoke

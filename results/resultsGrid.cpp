@@ -51,7 +51,7 @@ void showPage(ResultsControls& form) {
 void selectFirstRow(FlexGridModel& grid) {
   grid.setTopRow(1);
   grid.setRow(1);
-  grid.setCol(1);
+  grid.setCol(resultsColumn::name);
   grid.setColSel(grid.cols() - 1);
 }
 

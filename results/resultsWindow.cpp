@@ -1,7 +1,5 @@
 #include "results/resultsWindow.h"
 
-#include <string>
-
 #include "catalogue/fileTable.h"
 #include "catalogue/snapshots.h"
 #include "core/modMain.h"

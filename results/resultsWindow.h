@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "mainui/quickHelp.h"
+#include "mainui/statusPanels.h"
 
 namespace quernstoke {
 

@@ -25,6 +25,8 @@ struct ConfigRecord {
   Int16 index;
   std::string value;
   std::string type;
+
+  friend bool operator==(const ConfigRecord&, const ConfigRecord&) = default;
 };
 
 // Hands each record of a file to `take` until that returns false. It may fail: the file then stays

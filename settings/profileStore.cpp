@@ -87,8 +87,8 @@ void presetGlobalSettings() {
 void makeFirstSettings() {
   basDefaultProfile("GLOBAL", "");
   ProfileName = firstProfile;
-  basSaveProfile(std::string_view("NEWPROFILE"));
-  basSaveProfile(std::string_view("GLOBAL"));
+  basSaveProfile("NEWPROFILE");
+  basSaveProfile("GLOBAL");
   basDefaultProfile("PROFILE", "");
   ProfileName.clear();
   if (!basDirExists(GlobalSettings.TempPath)) files().makeDirectory(GlobalSettings.TempPath);
@@ -178,20 +178,14 @@ void enterInProfileList() {
 }
 
 void defaultGlobalSettings() {
+  presetGlobalSettings();
   GlobalSettings.NumberOfFileBuffers = 500;
   GlobalSettings.FileBufferSize = 8192;
   GlobalSettings.TransferMaxDiskSpace = 50;
   GlobalSettings.TransferMaxDiskSpaceMeasure = "MB";
   GlobalSettings.TransferFileLocally = true;
   GlobalSettings.TempPath = AppPath + "\\temp";
-  GlobalSettings.ResultsOutputFormat = "HTML";
-  GlobalSettings.ResultsOutputDirectory = AppPath;
-  GlobalSettings.ResultsOutputFile = "Results.html";
-  GlobalSettings.ResultsNumberEachBlock = true;
-  GlobalSettings.ResultsBlockMarkers = true;
-  GlobalSettings.ResultsBlockIndicator[1] = "";
-  GlobalSettings.ResultsBlockIndicator[2] = "#";
-  GlobalSettings.ResultsLaunch = true;
+  GlobalSettings.ResultsOutputFile = "Results.html";  // One letter tells it from the preset.
 }
 
 void defaultFileTypes() {

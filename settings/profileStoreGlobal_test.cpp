@@ -68,7 +68,7 @@ class GlobalStoreTest : public ProfileStoreTest {
   }
   // Saves and gives what stands in the file then.
   std::string savedGlobal() {
-    basSaveProfile(std::string_view("GLOBAL"));
+    basSaveProfile("GLOBAL");
     return disk.content(globalPath);
   }
 };

@@ -107,7 +107,7 @@ class ProfileStoreTest : public EngineTest {
   }
   // Saves and gives what stands in the file then.
   std::string savedProfile() {
-    basSaveProfile(std::string_view("PROFILE"));
+    basSaveProfile("PROFILE");
     return disk.content(profilePath);
   }
 };

@@ -95,8 +95,8 @@ TEST_F(ProfileStoreTest, DirectoryInSlotZeroIsNotSaved) {
 
 TEST_F(ProfileStoreTest, ModesSayWhichFileIsWritten) {
   ProfileName.clear();
-  basSaveProfile(std::string_view("PROFILE"));
-  basSaveProfile(std::string_view("anything else"));
+  basSaveProfile("PROFILE");
+  basSaveProfile("anything else");
   EXPECT_THAT(disk.allFiles(), IsEmpty());
 
   ProfileName = "Ann";
@@ -104,11 +104,11 @@ TEST_F(ProfileStoreTest, ModesSayWhichFileIsWritten) {
   EXPECT_FALSE(disk.exists(globalPath));
 
   disk.erase(profilePath);
-  basSaveProfile(std::string_view("GLOBAL"));
+  basSaveProfile("GLOBAL");
   EXPECT_FALSE(disk.exists(profilePath));
 
   disk.erase(globalPath);
-  basSaveProfile(std::string_view());
+  basSaveProfile("");
   EXPECT_TRUE(disk.exists(profilePath));
   EXPECT_TRUE(disk.exists(globalPath));
 }
@@ -116,7 +116,7 @@ TEST_F(ProfileStoreTest, ModesSayWhichFileIsWritten) {
 // "Both" does not ask whether there is a current profile.
 TEST_F(ProfileStoreTest, SavingBothWithoutAProfileWritesANamelessOne) {
   ProfileName.clear();
-  basSaveProfile(std::string_view());
+  basSaveProfile("");
 
   EXPECT_TRUE(disk.exists("C:\\Quernstoke\\Profiles\\.profile"));
 }

@@ -1,5 +1,7 @@
 #include "settings/settings.h"
 
+#include "core/text.h"
+
 namespace quernstoke {
 
 ProfileSettingsRecord ProfileSettings;
@@ -11,6 +13,11 @@ ProfileListRecord ProfileList;
 ProfileListRecord::ProfileListRecord() {
   ProfileNameList.redim(lastProfileSlot, false);
   ProfileDateList.redim(lastProfileSlot, false);
+}
+
+bool appliesTo(const DirSpec& spec, std::string_view directory) {
+  return spec.RecurseSubDirs ? startsWithIgnoringCase(directory, spec.Dir)
+                             : equalIgnoringCase(directory, spec.Dir);
 }
 
 void allocateProfileDirList() {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 
 #include "core/integers.h"
 #include "core/table.h"
@@ -57,6 +58,10 @@ struct DirSpec {
   std::string IncludeExtensions;  // A row of FileTypeTable, or a list of extensions.
   bool RecurseSubDirs = false;
 };
+
+// Whether a slot is about a directory, letter case apart: about its own, or with its subdirectories
+// about each that begins like it. That is a plain prefix: C:\foo also covers C:\foobar.
+bool appliesTo(const DirSpec& spec, std::string_view directory);
 
 // File types by row, 1 to 50.
 struct FileTypeTableRecord {

@@ -15,7 +15,7 @@ void EngineTest::start() {
 
 void EngineTest::makeProfile(const std::string& name) {
   ProfileName = name;
-  basSaveProfile(std::string_view("NEWPROFILE"));
+  basSaveProfile("NEWPROFILE");
 }
 
 void EngineTest::setDirectory(int slot, const std::string& path, const std::string& includeExclude,

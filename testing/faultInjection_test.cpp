@@ -504,7 +504,7 @@ class SabotagedScan : private StandIns {
 
   void makeProfile() {
     ProfileName = "Tree";
-    basSaveProfile(std::string_view("NEWPROFILE"));
+    basSaveProfile("NEWPROFILE");
     ProfileSettings.MatchingCriteria = criteria();
     ProfileSettings.MinimumSize = 0;
     ProfileSettings.ProcessZip = true;
@@ -512,7 +512,7 @@ class SabotagedScan : private StandIns {
     GlobalSettings.FileBufferSize = ProfileSettings.SlowNetwork ? 4 : blockInPlace;
     GlobalSettings.NumberOfFileBuffers = 2;
     ProfileDirList[1] = {"C:\\Data", "I", "*.*", true};
-    basSaveProfile(std::string_view(""));
+    basSaveProfile("");
   }
   // As the first person does who starts the program. The temp directory goes once more, as a scan
   // can make it too.

@@ -65,7 +65,7 @@ class MovingOnDisk : public EngineTest {
         sub.empty() ? DirMatchDir1 : rowOf(at(left_) + "\\" + sub, DirMatchDir1);
     const Int32 file = listed(name, directory);
     FileTable.FileStatus[statusMatch][file] = 0;
-    basSetupMatchGroupInfo("MATCHNUM", 0);
+    basSetupMatchGroupInfo("MATCHNUM", startMode::none);
     RunState = runState::finished;
     basProcessFiles(form_);
     form_.grid.setRow(1);
