@@ -21,12 +21,7 @@ class CreateDirectoriesTest : public EngineTest {
     return basCreateDirectories(base, relative, addToTable, 40, row);
   }
   // The paths that were to be made.
-  std::vector<std::string> tried() const {
-    std::vector<std::string> paths;
-    for (const DiskCall& call : disk.calls)
-      if (call.action == DiskAction::makeDirectory) paths.push_back(call.path);
-    return paths;
-  }
+  std::vector<std::string> tried() const { return disk.paths(DiskAction::makeDirectory); }
 
   Int32 row = 99;
 };

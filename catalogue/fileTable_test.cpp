@@ -1,9 +1,9 @@
 #include "catalogue/fileTable.h"
 
 #include "catalogue/dirTable.h"
-#include "core/procedure.h"
 #include "core/scanState.h"
 #include "testing/engineTest.h"
+#include "testing/expectFailure.h"
 
 namespace quernstoke {
 namespace {
@@ -99,7 +99,7 @@ TEST_F(FileTableTest, RowsCutOffByAPreservingResizeAreGone) {
   fillRow(5);
   basRedimFilesArrays(2, true);
   EXPECT_EQ(2, upperBound());
-  EXPECT_EQ(9, ignoringFailure([] { FileTable.FileSize[3] = 1; }));
+  EXPECT_FAILURE(subscriptOutOfRange, FileTable.FileSize[3] = 1);
 
   basRedimFilesArrays(5, true);
   EXPECT_EQ("name", FileTable.FileName[2]);
@@ -113,9 +113,8 @@ TEST_F(FileTableTest, ResizingBelowZeroIsToldAndChangesNothing) {
   basRedimFilesArrays(-1, false);
 
   EXPECT_EQ("name", FileTable.FileName[1]);
-  EXPECT_THAT(
-      dialogBoxes.messages,
-      ElementsAre("Procedure error in 'basRedimFilesArrays'.  Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basRedimFilesArrays", "Subscript out of range(9)")));
 }
 
 // The count is raised first, and reaching the bound is enough.
@@ -213,8 +212,8 @@ TEST_F(DirectoryNames, RootOfAZipShowsAsTheArchiveAlone) {
 
 TEST_F(DirectoryNames, RowOutsideTheTableIsToldAndShowsAsNothing) {
   EXPECT_EQ("", nameOfRow(11));
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basGetDirnameFromFilenum'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basGetDirnameFromFilenum", "Subscript out of range(9)")));
 }
 
 // A local copy is found by its row, so it must not wander with the file.

@@ -84,8 +84,7 @@ TEST_F(FullFilePathTest, ThirtyThreeComponentsCanBeShortened) {
 TEST_F(FullFilePathTest, OneComponentMoreIsToldAndGivesNothing) {
   EXPECT_EQ("", fitted(1, deepDirectory(33), "name"));
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basBuildFullFilePath'.  Reason: Subscript out of "
-                          "range(9)."));
+              ElementsAre(procedureError("basBuildFullFilePath", "Subscript out of range(9)")));
 }
 
 TEST_F(FullFilePathTest, DeepPathThatFitsIsShownWhole) {

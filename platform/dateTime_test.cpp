@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "platform/failure.h"
+#include "testing/expectFailure.h"
 
 namespace quernstoke {
 namespace {
@@ -31,12 +31,8 @@ TEST(DateTime, DatesThatAreInNoCalendarFail) {
                                  CivilTime{10000, 1, 1, 0, 0, 0}, CivilTime{2024, -1, 1, 0, 0, 0},
                                  CivilTime{2024, 257, 1, 0, 0, 0}, CivilTime{2024, 1, 257, 0, 0, 0},
                                  CivilTime{67560, 1, 1, 0, 0, 0}}) {
-    try {
-      dateTime(wrong);
-      ADD_FAILURE() << wrong.year << '-' << wrong.month << '-' << wrong.day;
-    } catch (const Failure& failure) {
-      EXPECT_TRUE(failure.is(FailureNumber::typeMismatch));
-    }
+    EXPECT_FAILURE(typeMismatch, dateTime(wrong))
+        << wrong.year << '-' << wrong.month << '-' << wrong.day;
   }
 }
 

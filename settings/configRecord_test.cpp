@@ -146,7 +146,7 @@ TEST_F(ConfigRecordTest, IndexOfLettersIsToldAndReadingGoesOn) {
   EXPECT_EQ("a|0||N", read());
   EXPECT_EQ("b|2|y|S", read());
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basConfigRead'.  Reason: Type mismatch(13)."));
+              ElementsAre(procedureError("basConfigRead", "Type mismatch(13)")));
 }
 
 TEST_F(ConfigRecordTest, IndexesTooLargeForSixteenOrThirtyTwoBitsAreTold) {
@@ -155,7 +155,7 @@ TEST_F(ConfigRecordTest, IndexesTooLargeForSixteenOrThirtyTwoBitsAreTold) {
   EXPECT_EQ("a|0|x|S", read());
   EXPECT_EQ("b|0|y|S", read());
   EXPECT_EQ("c|32767|z|S", read());
-  const char* overflow = "Procedure error in 'basConfigRead'.  Reason: Overflow(6).";
+  const std::string overflow = procedureError("basConfigRead", "Overflow(6)");
   EXPECT_THAT(dialogBoxes.messages, ElementsAre(overflow, overflow));
 }
 
@@ -167,15 +167,14 @@ TEST_F(ConfigRecordTest, FailedReadLosesWhatTheRecordHadSoFar) {
   EXPECT_EQ("b|1|x|S", read());
   EXPECT_EQ("end:|0||", read());
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basConfigRead'.  Reason: Device I/O error(57)."));
+              ElementsAre(procedureError("basConfigRead", "Device I/O error(57)")));
 }
 
 TEST_F(ConfigRecordTest, FailedWriteIsTold) {
   disk.freeBytes = 10;
 
   EXPECT_EQ("", written("MinimumSize", 0, "32", "N"));
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basConfigWrite'.  Reason: Disk full(61)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("basConfigWrite", "Disk full(61)")));
 }
 
 TEST_F(ConfigRecordTest, RecordsAreHandedOutUntilEnoughAreTaken) {

@@ -1,5 +1,5 @@
-#include "core/startUpState.h"
 #include "settings/profileStoreTest.h"
+#include "testing/startUpState.h"
 
 namespace quernstoke {
 namespace {

@@ -38,7 +38,7 @@ TEST_F(SettingsTest, AllocatingEmptiesEverySlot) {
   EXPECT_EQ("", FileTypeTable.FileTypeDescription[50] + FileTypeTable.FileTypesList[50]);
 }
 
-TEST_F(SettingsTest, FirstFreeSlotIsBehindTheFirst) {
+TEST_F(SettingsTest, FirstGapFromSlotOneUpwardIsFree) {
   allocateProfileDirList();
   EXPECT_EQ(1, firstFreeDirSlot());
   ProfileDirList[1].Dir = ProfileDirList[3].Dir = "C:\\a";

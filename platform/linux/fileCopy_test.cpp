@@ -15,11 +15,11 @@
 #include <unistd.h>
 #include <vector>
 
-#include "platform/linux/expectFailure.h"
 #include "platform/linux/linuxFileSystem.h"
 #include "platform/linux/smallDisk.h"
 #include "platform/linux/temporaryTree.h"
 #include "platform/linux/withoutPrivileges.h"
+#include "testing/expectFailure.h"
 
 namespace {
 

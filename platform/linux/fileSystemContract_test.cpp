@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "core/procedure.h"
-#include "platform/linux/expectFailure.h"
 #include "platform/linux/linuxFileSystem.h"
 #include "platform/linux/temporaryTree.h"
+#include "testing/expectFailure.h"
 #include "testing/memoryFileSystem.h"
 
 namespace quernstoke {

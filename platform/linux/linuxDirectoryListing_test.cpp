@@ -10,10 +10,10 @@
 #include <sys/un.h>
 #include <vector>
 
-#include "platform/linux/expectFailure.h"
 #include "platform/linux/linuxFileSystem.h"
 #include "platform/linux/temporaryTree.h"
 #include "platform/linux/withoutPrivileges.h"
+#include "testing/expectFailure.h"
 
 namespace quernstoke {
 namespace {

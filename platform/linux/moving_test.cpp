@@ -41,8 +41,9 @@ class PatientPerson : public ScriptedDialogs {
 class MovingOnDisk : public EngineTest {
  protected:
   MovingOnDisk() {
-    usePlatform({&files_, &archiveLibrary, &person_, &desk, &eventLoop, &clock, &locale,
-                 &mainWindow, &statusWindow, &resultsWindow});
+    platform.files = &files_;
+    platform.dialogs = &person_;
+    usePlatform(platform);
     tree_.directory("left");
     tree_.directory("right");
   }

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/linux/expectFailure.h"
 #include "platform/linux/scopedVariable.h"
+#include "testing/expectFailure.h"
 
 namespace quernstoke {
 namespace {

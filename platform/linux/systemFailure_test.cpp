@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <gtest/gtest.h>
 
-#include "platform/linux/expectFailure.h"
+#include "testing/expectFailure.h"
 
 namespace quernstoke {
 namespace {
