@@ -9,17 +9,17 @@ namespace quernstoke {
 namespace {
 
 TEST(DateTime, CountsSecondsFromTheYear1970) {
-  EXPECT_EQ((CivilTime{1970, 1, 1, 0, 0, 0}), civilTime({0}));
-  EXPECT_EQ((CivilTime{1969, 12, 31, 23, 59, 59}), civilTime({-1}));
-  EXPECT_EQ(951782400, dateTime({2000, 2, 29, 0, 0, 0}).seconds);
-  EXPECT_EQ((CivilTime{2001, 9, 9, 1, 46, 40}), civilTime({1'000'000'000}));
+  EXPECT_EQ(civilTime({0}), (CivilTime{1970, 1, 1, 0, 0, 0}));
+  EXPECT_EQ(civilTime({-1}), (CivilTime{1969, 12, 31, 23, 59, 59}));
+  EXPECT_EQ(dateTime({2000, 2, 29, 0, 0, 0}).seconds, 951782400);
+  EXPECT_EQ(civilTime({1'000'000'000}), (CivilTime{2001, 9, 9, 1, 46, 40}));
 }
 
 TEST(DateTime, DatesAllOverTheCalendarSurviveTheRoundTrip) {
   const std::int64_t last = dateTime({9999, 12, 31, 23, 59, 59}).seconds;
   for (std::int64_t seconds = dateTime({100, 1, 1, 0, 0, 0}).seconds; seconds <= last;
        seconds += 10 * 86400 - 7)
-    ASSERT_EQ(seconds, dateTime(civilTime({seconds})).seconds);
+    ASSERT_EQ(dateTime(civilTime({seconds})).seconds, seconds);
 }
 
 TEST(DateTime, DatesThatAreInNoCalendarFail) {
@@ -37,11 +37,11 @@ TEST(DateTime, DatesThatAreInNoCalendarFail) {
 }
 
 TEST(DateTime, IsBroughtWithinTheCalendar) {
-  EXPECT_EQ(dateTime({9999, 12, 31, 23, 59, 59}),
-            withinCalendar({std::numeric_limits<std::int64_t>::max()}));
-  EXPECT_EQ(dateTime({100, 1, 1, 0, 0, 0}),
-            withinCalendar({std::numeric_limits<std::int64_t>::min()}));
-  EXPECT_EQ(12345, withinCalendar({12345}).seconds);
+  EXPECT_EQ(withinCalendar({std::numeric_limits<std::int64_t>::max()}),
+            dateTime({9999, 12, 31, 23, 59, 59}));
+  EXPECT_EQ(withinCalendar({std::numeric_limits<std::int64_t>::min()}),
+            dateTime({100, 1, 1, 0, 0, 0}));
+  EXPECT_EQ(withinCalendar({12345}).seconds, 12345);
 }
 
 TEST(DateTime, IsOrderedByTime) {

@@ -13,10 +13,10 @@ TEST(SettingFields, KindOfTheVariableGivesTypeAndText) {
   Int16 small = -1;
   Int32 large = 70000;
 
-  EXPECT_EQ("S MB", typeOf(&text) + " " + textOf(&text));
-  EXPECT_EQ("B True", typeOf(&truth) + " " + textOf(&truth));
-  EXPECT_EQ("N -1", typeOf(&small) + " " + textOf(&small));
-  EXPECT_EQ("N 70000", typeOf(&large) + " " + textOf(&large));
+  EXPECT_EQ(typeOf(&text) + " " + textOf(&text), "S MB");
+  EXPECT_EQ(typeOf(&truth) + " " + textOf(&truth), "B True");
+  EXPECT_EQ(typeOf(&small) + " " + textOf(&small), "N -1");
+  EXPECT_EQ(typeOf(&large) + " " + textOf(&large), "N 70000");
 }
 
 TEST(SettingFields, TextAndTruthTakeTheValueAndNumbersTheNumber) {
@@ -29,10 +29,10 @@ TEST(SettingFields, TextAndTruthTakeTheValueAndNumbersTheNumber) {
   assign(&small, "True", -32768);
   assign(&large, "True", 70000);
 
-  EXPECT_EQ("True", text);
+  EXPECT_EQ(text, "True");
   EXPECT_TRUE(truth);
-  EXPECT_EQ(-32768, small);
-  EXPECT_EQ(70000, large);
+  EXPECT_EQ(small, -32768);
+  EXPECT_EQ(large, 70000);
 }
 
 TEST(SettingFields, NumberTooLargeForTheVariableFails) {
@@ -40,7 +40,7 @@ TEST(SettingFields, NumberTooLargeForTheVariableFails) {
 
   EXPECT_FAILURE(overflow, assign(&small, "", 32768));
   EXPECT_FAILURE(overflow, assign(&small, "", -32769));
-  EXPECT_EQ(5, small);
+  EXPECT_EQ(small, 5);
 }
 
 TEST(SettingFields, TextThatSaysNeitherTrueNorFalseFails) {
