@@ -10,12 +10,12 @@
 #include "core/modMain.h"
 #include "core/scanDriver.h"
 #include "core/scanState.h"
-#include "core/startUpState.h"
 #include "detect/modLinkedList.h"
 #include "results/matchGroupIndex.h"
 #include "results/resultsGrid.h"
 #include "testing/resultsControls.h"
 #include "testing/standIns.h"
+#include "testing/startUpState.h"
 
 namespace quernstoke {
 namespace {

@@ -21,12 +21,7 @@ class CreateDirectoriesTest : public EngineTest {
     return basCreateDirectories(base, relative, addToTable, 40, row);
   }
   // The paths that were to be made.
-  std::vector<std::string> tried() const {
-    std::vector<std::string> paths;
-    for (const DiskCall& call : disk.calls)
-      if (call.action == DiskAction::makeDirectory) paths.push_back(call.path);
-    return paths;
-  }
+  std::vector<std::string> tried() const { return disk.paths(DiskAction::makeDirectory); }
 
   Int32 row = 99;
 };
@@ -35,13 +30,13 @@ TEST_F(CreateDirectoriesTest, EachComponentBecomesADirectoryAndARowBelowTheOneBe
   EXPECT_FALSE(create("C:\\base", "a\\b"));
 
   EXPECT_TRUE(disk.exists("C:\\base\\a\\b"));
-  EXPECT_EQ(2, DirCount);
-  EXPECT_EQ("C:\\base\\a", DirTable[1].name);
-  EXPECT_EQ(40, DirTable[1].parent);
-  EXPECT_EQ("C:\\base\\a\\b", DirTable[2].name);
-  EXPECT_EQ('D', DirTable[2].kind);
-  EXPECT_EQ(1, DirTable[2].parent);
-  EXPECT_EQ(2, row);
+  EXPECT_EQ(DirCount, 2);
+  EXPECT_EQ(DirTable[1].name, "C:\\base\\a");
+  EXPECT_EQ(DirTable[1].parent, 40);
+  EXPECT_EQ(DirTable[2].name, "C:\\base\\a\\b");
+  EXPECT_EQ(DirTable[2].kind, 'D');
+  EXPECT_EQ(DirTable[2].parent, 1);
+  EXPECT_EQ(row, 2);
 }
 
 TEST_F(CreateDirectoriesTest, SlashesAndOuterBackslashesAreEvenedOut) {
@@ -60,8 +55,8 @@ TEST_F(CreateDirectoriesTest, WithoutTheFlagTheTableStaysAsItIs) {
   EXPECT_FALSE(create("C:\\base", "a\\b", false));
 
   EXPECT_TRUE(disk.exists("C:\\base\\a\\b"));
-  EXPECT_EQ(0, DirCount);
-  EXPECT_EQ(99, row);
+  EXPECT_EQ(DirCount, 0);
+  EXPECT_EQ(row, 99);
 }
 
 // It is passed over altogether: it gets no row, and what is made in it hangs below the parent
@@ -70,9 +65,9 @@ TEST_F(CreateDirectoriesTest, DirectoryBelowOneThatExistsGetsTheGivenParent) {
   disk.directory("C:\\base\\a");
   EXPECT_FALSE(create("C:\\base", "a\\b"));
 
-  EXPECT_EQ(1, DirCount);
-  EXPECT_EQ("C:\\base\\a\\b", DirTable[1].name);
-  EXPECT_EQ(40, DirTable[1].parent);
+  EXPECT_EQ(DirCount, 1);
+  EXPECT_EQ(DirTable[1].name, "C:\\base\\a\\b");
+  EXPECT_EQ(DirTable[1].parent, 40);
 }
 
 TEST_F(CreateDirectoriesTest, NothingToMakeLeavesTheRowAsItIs) {
@@ -81,8 +76,8 @@ TEST_F(CreateDirectoriesTest, NothingToMakeLeavesTheRowAsItIs) {
   EXPECT_FALSE(create("C:\\base", "a"));
   EXPECT_FALSE(create("C:\\base", ""));
   EXPECT_FALSE(create("C:\\base", "\\"));
-  EXPECT_EQ(99, row);
-  EXPECT_EQ(0, DirCount);
+  EXPECT_EQ(row, 99);
+  EXPECT_EQ(DirCount, 0);
 }
 
 TEST_F(CreateDirectoriesTest, RowsMadeOutsideAScanAreTemporary) {
@@ -101,8 +96,8 @@ TEST_F(CreateDirectoriesTest, RowThatTheTableHasTakesTheFlagOfThePresentState) {
   RunState = runState::idle;
   create("C:\\base", "a");
 
-  EXPECT_EQ(1, row);
-  EXPECT_EQ(1, DirCount);
+  EXPECT_EQ(row, 1);
+  EXPECT_EQ(DirCount, 1);
   EXPECT_TRUE(DirTable[1].temporary);
 }
 
@@ -112,13 +107,13 @@ TEST_F(CreateDirectoriesTest, AnyOtherFailureEndsTheWalkWithoutAWord) {
   EXPECT_TRUE(create("C:\\base", "a\\b\\c"));
   EXPECT_THAT(tried(), ElementsAre("C:\\base\\a", "C:\\base\\a\\b"));
   EXPECT_TRUE(disk.exists("C:\\base\\a"));
-  EXPECT_EQ(1, row);
+  EXPECT_EQ(row, 1);
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
 TEST_F(CreateDirectoriesTest, MissingBaseIsAFailure) {
   EXPECT_TRUE(create("C:\\none", "a"));
-  EXPECT_EQ(0, DirCount);
+  EXPECT_EQ(DirCount, 0);
 }
 
 TEST_F(CreateDirectoriesTest, RelativePathIsCutAt9999Characters) {

@@ -111,13 +111,14 @@ TEST_F(ExtensionsTest, NumericExtensionIsTakenForARow) {
 TEST_F(ExtensionsTest, NumberAbove50FailsAndLeavesTheListAsItWas) {
   built("mp3;wma");
   EXPECT_THAT(built("51"), ElementsAre("MP3", "WMA"));
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basBuildExtensionList'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basBuildExtensionList", "Subscript out of range(9)")));
 }
 
 TEST_F(ExtensionsTest, NegativeNumberFailsAlike) {
   built("-1");
-  EXPECT_EQ(dialogBoxes.messages.size(), 1U);
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basBuildExtensionList", "Subscript out of range(9)")));
 }
 
 TEST_F(ExtensionsTest, ThirtyTwoExtensionsFit) {
@@ -129,8 +130,8 @@ TEST_F(ExtensionsTest, ThirtyTwoExtensionsFit) {
 
 TEST_F(ExtensionsTest, ThirtyThirdExtensionFailsAndTheOthersStay) {
   EXPECT_EQ(built(numbered(33)).size(), 32U);
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basBuildExtensionList'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basBuildExtensionList", "Subscript out of range(9)")));
   EXPECT_TRUE(basValidateExtension("E32"));
   EXPECT_FALSE(basValidateExtension("E33"));
 }

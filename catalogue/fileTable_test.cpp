@@ -1,9 +1,9 @@
 #include "catalogue/fileTable.h"
 
 #include "catalogue/dirTable.h"
-#include "core/procedure.h"
 #include "core/scanState.h"
 #include "testing/engineTest.h"
+#include "testing/expectFailure.h"
 
 namespace quernstoke {
 namespace {
@@ -19,14 +19,14 @@ class FileTableTest : public EngineTest {
   // The upper bound of all arrays, which has to be one.
   static Int32 upperBound() {
     const Int32 upper = FileTable.FileName.upperBound();
-    EXPECT_EQ(upper, FileTable.FileSize.upperBound());
-    EXPECT_EQ(upper, FileTable.FileDirNum.upperBound());
-    EXPECT_EQ(upper, FileTable.FileDate.upperBound());
-    EXPECT_EQ(upper, FileTable.FileLocalName.upperBound());
+    EXPECT_EQ(FileTable.FileSize.upperBound(), upper);
+    EXPECT_EQ(FileTable.FileDirNum.upperBound(), upper);
+    EXPECT_EQ(FileTable.FileDate.upperBound(), upper);
+    EXPECT_EQ(FileTable.FileLocalName.upperBound(), upper);
     for (const auto& column : FileTable.FileStatus)
-      EXPECT_EQ(upper, column.upperBound());
+      EXPECT_EQ(column.upperBound(), upper);
     for (const auto& column : FileTable.FileLocalPos)
-      EXPECT_EQ(upper, column.upperBound());
+      EXPECT_EQ(column.upperBound(), upper);
     return upper;
   }
   // A row in which nothing is empty.
@@ -63,13 +63,13 @@ TEST_F(FileTableTest, ResizingWithoutPreservingEmptiesEveryRow) {
   fillRow(2);
   basRedimFilesArrays(2, false);
 
-  EXPECT_EQ(2, upperBound());
+  EXPECT_EQ(upperBound(), 2);
   for (const int row : {0, 2}) {
-    EXPECT_EQ("", FileTable.FileName[row]);
-    EXPECT_EQ(0, FileTable.FileSize[row]);
-    EXPECT_EQ(0, FileTable.FileDirNum[row]);
-    EXPECT_EQ(DateTime{}, FileTable.FileDate[row]);
-    EXPECT_EQ("", FileTable.FileLocalName[row]);
+    EXPECT_EQ(FileTable.FileName[row], "");
+    EXPECT_EQ(FileTable.FileSize[row], 0);
+    EXPECT_EQ(FileTable.FileDirNum[row], 0);
+    EXPECT_EQ(FileTable.FileDate[row], DateTime{});
+    EXPECT_EQ(FileTable.FileLocalName[row], "");
     EXPECT_THAT(statusOf(row), ElementsAre(0, 0, 0, 0, 0));
     EXPECT_THAT(localPosOf(row), ElementsAre(0, -1, -1));
   }
@@ -81,15 +81,15 @@ TEST_F(FileTableTest, ResizingWithPreservingKeepsRowsAndAddsEmptyOnes) {
   fillRow(1);
   basRedimFilesArrays(2, true);
 
-  EXPECT_EQ(2, upperBound());
-  EXPECT_EQ("name", FileTable.FileName[1]);
-  EXPECT_EQ(11, FileTable.FileSize[1]);
-  EXPECT_EQ(12, FileTable.FileDirNum[1]);
-  EXPECT_EQ(DateTime{13}, FileTable.FileDate[1]);
-  EXPECT_EQ("C:\\TMP1", FileTable.FileLocalName[1]);
+  EXPECT_EQ(upperBound(), 2);
+  EXPECT_EQ(FileTable.FileName[1], "name");
+  EXPECT_EQ(FileTable.FileSize[1], 11);
+  EXPECT_EQ(FileTable.FileDirNum[1], 12);
+  EXPECT_EQ(FileTable.FileDate[1], DateTime{13});
+  EXPECT_EQ(FileTable.FileLocalName[1], "C:\\TMP1");
   EXPECT_THAT(statusOf(1), ElementsAre(14, 14, 14, 14, 14));
   EXPECT_THAT(localPosOf(1), ElementsAre(15, 15, 15));
-  EXPECT_EQ("", FileTable.FileName[2]);
+  EXPECT_EQ(FileTable.FileName[2], "");
   EXPECT_THAT(localPosOf(2), ElementsAre(0, 0, 0));
 }
 
@@ -98,12 +98,12 @@ TEST_F(FileTableTest, RowsCutOffByAPreservingResizeAreGone) {
   fillRow(2);
   fillRow(5);
   basRedimFilesArrays(2, true);
-  EXPECT_EQ(2, upperBound());
-  EXPECT_EQ(9, ignoringFailure([] { FileTable.FileSize[3] = 1; }));
+  EXPECT_EQ(upperBound(), 2);
+  EXPECT_FAILURE(subscriptOutOfRange, FileTable.FileSize[3] = 1);
 
   basRedimFilesArrays(5, true);
-  EXPECT_EQ("name", FileTable.FileName[2]);
-  EXPECT_EQ("", FileTable.FileName[5]);
+  EXPECT_EQ(FileTable.FileName[2], "name");
+  EXPECT_EQ(FileTable.FileName[5], "");
   EXPECT_THAT(localPosOf(5), ElementsAre(0, 0, 0));
 }
 
@@ -112,41 +112,40 @@ TEST_F(FileTableTest, ResizingBelowZeroIsToldAndChangesNothing) {
   fillRow(1);
   basRedimFilesArrays(-1, false);
 
-  EXPECT_EQ("name", FileTable.FileName[1]);
-  EXPECT_THAT(
-      dialogBoxes.messages,
-      ElementsAre("Procedure error in 'basRedimFilesArrays'.  Reason: Subscript out of range(9)."));
+  EXPECT_EQ(FileTable.FileName[1], "name");
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basRedimFilesArrays", "Subscript out of range(9)")));
 }
 
 // The count is raised first, and reaching the bound is enough.
 TEST_F(FileTableTest, ThousandthFileOfANewScanGrowsTheTable) {
   basRedimFilesArrays(1000, false);
   addFiles(999);
-  EXPECT_EQ(1000, upperBound());
+  EXPECT_EQ(upperBound(), 1000);
 
   addFiles(1);
-  EXPECT_EQ(6000, upperBound());
-  EXPECT_EQ(1000, FileCount);
+  EXPECT_EQ(upperBound(), 6000);
+  EXPECT_EQ(FileCount, 1000);
 }
 
 TEST_F(FileTableTest, FirstFileOfTheTableAtStartUpGrowsIt) {
   addFiles(1);
 
-  EXPECT_EQ(5001, upperBound());
+  EXPECT_EQ(upperBound(), 5001);
 }
 
 TEST_F(FileTableTest, AddingFillsTheRowButLeavesItsLocalCopy) {
   basRedimFilesArrays(1000, false);
   fillRow(1);
 
-  EXPECT_EQ(1, basAddFileToList("Song.mp3", 7, 4096, DateTime{99}));
-  EXPECT_EQ(1, FileCount);
-  EXPECT_EQ("Song.mp3", FileTable.FileName[1]);
-  EXPECT_EQ(7, FileTable.FileDirNum[1]);
-  EXPECT_EQ(4096, FileTable.FileSize[1]);
-  EXPECT_EQ(DateTime{99}, FileTable.FileDate[1]);
+  EXPECT_EQ(basAddFileToList("Song.mp3", 7, 4096, DateTime{99}), 1);
+  EXPECT_EQ(FileCount, 1);
+  EXPECT_EQ(FileTable.FileName[1], "Song.mp3");
+  EXPECT_EQ(FileTable.FileDirNum[1], 7);
+  EXPECT_EQ(FileTable.FileSize[1], 4096);
+  EXPECT_EQ(FileTable.FileDate[1], DateTime{99});
   EXPECT_THAT(statusOf(1), ElementsAre(0, -2, -1, 0, 0));
-  EXPECT_EQ("C:\\TMP1", FileTable.FileLocalName[1]);
+  EXPECT_EQ(FileTable.FileLocalName[1], "C:\\TMP1");
   EXPECT_THAT(localPosOf(1), ElementsAre(15, 15, 15));
 }
 
@@ -160,8 +159,8 @@ TEST_F(FileTableTest, OnlyFilesAddedOutsideAScanAreTemporary) {
 }
 
 TEST_F(FileTableTest, ScanAddsTheSameNameTwice) {
-  EXPECT_EQ(1, basAddFileToList("a", 1, 0, {}));
-  EXPECT_EQ(2, basAddFileToList("a", 1, 0, {}));
+  EXPECT_EQ(basAddFileToList("a", 1, 0, {}), 1);
+  EXPECT_EQ(basAddFileToList("a", 1, 0, {}), 2);
 }
 
 TEST_F(FileTableTest, OutsideAScanANameInAnotherCaseIsTheOldFile) {
@@ -169,17 +168,17 @@ TEST_F(FileTableTest, OutsideAScanANameInAnotherCaseIsTheOldFile) {
   basAddFileToList("Song.MP3", 1, 5, {});
   RunState = runState::idle;
 
-  EXPECT_EQ(2, basAddFileToList("sONG.mp3", 1, 6, {}));
-  EXPECT_EQ(2, FileCount);
-  EXPECT_EQ("Song.MP3", FileTable.FileName[2]);
-  EXPECT_EQ(5, FileTable.FileSize[2]);
+  EXPECT_EQ(basAddFileToList("sONG.mp3", 1, 6, {}), 2);
+  EXPECT_EQ(FileCount, 2);
+  EXPECT_EQ(FileTable.FileName[2], "Song.MP3");
+  EXPECT_EQ(FileTable.FileSize[2], 5);
 }
 
 TEST_F(FileTableTest, OutsideAScanTheSameNameInAnotherDirectoryIsAdded) {
   basAddFileToList("a", 1, 0, {});
   RunState = runState::idle;
 
-  EXPECT_EQ(2, basAddFileToList("a", 2, 0, {}));
+  EXPECT_EQ(basAddFileToList("a", 2, 0, {}), 2);
 }
 
 class DirectoryNames : public FileTableTest {
@@ -199,22 +198,22 @@ class DirectoryNames : public FileTableTest {
 };
 
 TEST_F(DirectoryNames, DirectoryOrZipFileShowsAsItsPath) {
-  EXPECT_EQ("C:\\a", nameOfRow(1));
-  EXPECT_EQ("C:\\a\\b.zip", nameOfRow(2));
+  EXPECT_EQ(nameOfRow(1), "C:\\a");
+  EXPECT_EQ(nameOfRow(2), "C:\\a\\b.zip");
 }
 
 TEST_F(DirectoryNames, FolderInAZipShowsBehindTheArchive) {
-  EXPECT_EQ("C:\\a\\b.zip >> docs/old", nameOfRow(3));
+  EXPECT_EQ(nameOfRow(3), "C:\\a\\b.zip >> docs/old");
 }
 
 TEST_F(DirectoryNames, RootOfAZipShowsAsTheArchiveAlone) {
-  EXPECT_EQ("C:\\a\\b.zip", nameOfRow(4));
+  EXPECT_EQ(nameOfRow(4), "C:\\a\\b.zip");
 }
 
 TEST_F(DirectoryNames, RowOutsideTheTableIsToldAndShowsAsNothing) {
-  EXPECT_EQ("", nameOfRow(11));
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basGetDirnameFromFilenum'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_EQ(nameOfRow(11), "");
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basGetDirnameFromFilenum", "Subscript out of range(9)")));
 }
 
 // A local copy is found by its row, so it must not wander with the file.
@@ -223,12 +222,12 @@ TEST_F(FileTableTest, CopyingARowLeavesTheLocalCopyBehind) {
   fillRow(1);
   copyFileRow(1, 2);
 
-  EXPECT_EQ("name", FileTable.FileName[2]);
-  EXPECT_EQ(11, FileTable.FileSize[2]);
-  EXPECT_EQ(12, FileTable.FileDirNum[2]);
-  EXPECT_EQ(DateTime{13}, FileTable.FileDate[2]);
+  EXPECT_EQ(FileTable.FileName[2], "name");
+  EXPECT_EQ(FileTable.FileSize[2], 11);
+  EXPECT_EQ(FileTable.FileDirNum[2], 12);
+  EXPECT_EQ(FileTable.FileDate[2], DateTime{13});
   EXPECT_THAT(statusOf(2), ElementsAre(14, 14, 14, 14, 14));
-  EXPECT_EQ("", FileTable.FileLocalName[2]);
+  EXPECT_EQ(FileTable.FileLocalName[2], "");
   EXPECT_THAT(localPosOf(2), ElementsAre(0, -1, -1));
 }
 

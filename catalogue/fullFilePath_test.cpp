@@ -24,72 +24,71 @@ class FullFilePathTest : public EngineTest {
 };
 
 TEST_F(FullFilePathTest, PathBelowTheWidthIsShownWhole) {
-  EXPECT_EQ("C:\\aaaa\\b", fitted(10, "C:\\aaaa", "b"));
+  EXPECT_EQ(fitted(10, "C:\\aaaa", "b"), "C:\\aaaa\\b");
 }
 
 TEST_F(FullFilePathTest, PathAsWideAsTheTargetIsShortened) {
-  EXPECT_EQ("C:\\...\\b", fitted(9, "C:\\aaaa", "b"));
+  EXPECT_EQ(fitted(9, "C:\\aaaa", "b"), "C:\\...\\b");
 }
 
 TEST_F(FullFilePathTest, WithoutADirectoryTheNameStandsAlone) {
-  EXPECT_EQ("name", fitted(10, "", "name"));
+  EXPECT_EQ(fitted(10, "", "name"), "name");
 }
 
 TEST_F(FullFilePathTest, OddPathsLoseTheMiddleThenTheRightThenTheLeft) {
   const std::string directory = "C:\\aaaaaaaa\\bbbbbbbb\\cccccccc\\dddddddd\\eeeeeeee";
   const std::string name = "ffffffff";  // 56 wide in all.
 
-  EXPECT_EQ(directory + "\\" + name, fitted(57, directory, name));
-  EXPECT_EQ("C:\\aaaaaaaa\\bbbbbbbb\\...\\dddddddd\\eeeeeeee\\ffffffff",
-            fitted(56, directory, name));
-  EXPECT_EQ("C:\\aaaaaaaa\\bbbbbbbb\\...\\dddddddd\\eeeeeeee\\ffffffff",
-            fitted(52, directory, name));
-  EXPECT_EQ("C:\\aaaaaaaa\\bbbbbbbb\\...\\eeeeeeee\\ffffffff", fitted(51, directory, name));
-  EXPECT_EQ("C:\\aaaaaaaa\\...\\eeeeeeee\\ffffffff", fitted(46, directory, name));
-  EXPECT_EQ("C:\\aaaaaaaa\\...\\ffffffff", fitted(41, directory, name));
-  EXPECT_EQ("C:\\...\\ffffffff", fitted(36, directory, name));
-  EXPECT_EQ("C:\\...\\ffffffff", fitted(1, directory, name));
+  EXPECT_EQ(fitted(57, directory, name), directory + "\\" + name);
+  EXPECT_EQ(fitted(56, directory, name),
+            "C:\\aaaaaaaa\\bbbbbbbb\\...\\dddddddd\\eeeeeeee\\ffffffff");
+  EXPECT_EQ(fitted(52, directory, name),
+            "C:\\aaaaaaaa\\bbbbbbbb\\...\\dddddddd\\eeeeeeee\\ffffffff");
+  EXPECT_EQ(fitted(51, directory, name), "C:\\aaaaaaaa\\bbbbbbbb\\...\\eeeeeeee\\ffffffff");
+  EXPECT_EQ(fitted(46, directory, name), "C:\\aaaaaaaa\\...\\eeeeeeee\\ffffffff");
+  EXPECT_EQ(fitted(41, directory, name), "C:\\aaaaaaaa\\...\\ffffffff");
+  EXPECT_EQ(fitted(36, directory, name), "C:\\...\\ffffffff");
+  EXPECT_EQ(fitted(1, directory, name), "C:\\...\\ffffffff");
 }
 
 // With an even number the middle leans to the left, so the left side is used up first.
 TEST_F(FullFilePathTest, EvenPathsKeepTheLastButOne) {
-  EXPECT_EQ("C:\\...\\dddd\\eeee", fitted(1, "C:\\aaaa\\bbbb\\cccc\\dddd", "eeee"));
-  EXPECT_EQ("C:\\...\\bbbb\\cccc", fitted(1, "C:\\aaaa\\bbbb", "cccc"));
+  EXPECT_EQ(fitted(1, "C:\\aaaa\\bbbb\\cccc\\dddd", "eeee"), "C:\\...\\dddd\\eeee");
+  EXPECT_EQ(fitted(1, "C:\\aaaa\\bbbb", "cccc"), "C:\\...\\bbbb\\cccc");
 }
 
 TEST_F(FullFilePathTest, FirstAndLastComponentAreNeverDropped) {
-  EXPECT_EQ("longname", fitted(1, "", "longname"));
-  EXPECT_EQ("C:\\longname", fitted(1, "C:", "longname"));
+  EXPECT_EQ(fitted(1, "", "longname"), "longname");
+  EXPECT_EQ(fitted(1, "C:", "longname"), "C:\\longname");
 }
 
 TEST_F(FullFilePathTest, SlashesDivideTooAndComeBackAsBackslashes) {
-  EXPECT_EQ("C:\\...\\old\\name", fitted(1, "C:\\a.zip >> docs/old", "name"));
+  EXPECT_EQ(fitted(1, "C:\\a.zip >> docs/old", "name"), "C:\\...\\old\\name");
 }
 
 // It begins with an empty component, and rebuilding stops at the first of those.
 TEST_F(FullFilePathTest, NetworkPathThatHasToBeShortenedIsEmpty) {
-  EXPECT_EQ("", fitted(10, "\\\\server\\share", "name"));
-  EXPECT_EQ("\\\\server\\share\\name", fitted(100, "\\\\server\\share", "name"));
+  EXPECT_EQ(fitted(10, "\\\\server\\share", "name"), "");
+  EXPECT_EQ(fitted(100, "\\\\server\\share", "name"), "\\\\server\\share\\name");
 }
 
 TEST_F(FullFilePathTest, ShortenedPathEndsBeforeAnEmptyComponent) {
-  EXPECT_EQ("C:\\aaaa\\...", fitted(20, "C:\\aaaa\\bbbbbbbbbb\\", "cccc"));
+  EXPECT_EQ(fitted(20, "C:\\aaaa\\bbbbbbbbbb\\", "cccc"), "C:\\aaaa\\...");
 }
 
 TEST_F(FullFilePathTest, ThirtyThreeComponentsCanBeShortened) {
-  EXPECT_EQ("C:\\...\\name", fitted(1, deepDirectory(32), "name"));
+  EXPECT_EQ(fitted(1, deepDirectory(32), "name"), "C:\\...\\name");
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
 TEST_F(FullFilePathTest, OneComponentMoreIsToldAndGivesNothing) {
-  EXPECT_EQ("", fitted(1, deepDirectory(33), "name"));
+  EXPECT_EQ(fitted(1, deepDirectory(33), "name"), "");
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basBuildFullFilePath'.  Reason: Subscript out of "
-                          "range(9)."));
+              ElementsAre(procedureError("basBuildFullFilePath", "Subscript out of range(9)")));
 }
 
 TEST_F(FullFilePathTest, DeepPathThatFitsIsShownWhole) {
-  EXPECT_EQ(deepDirectory(40) + "\\name", fitted(1000, deepDirectory(40), "name"));
+  EXPECT_EQ(fitted(1000, deepDirectory(40), "name"), deepDirectory(40) + "\\name");
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 

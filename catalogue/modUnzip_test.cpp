@@ -481,8 +481,8 @@ TEST_F(ZipCallbackTest, QuestionThatFailsIsAnsweredAsIfNothingHadBeenEntered) {
       fail(FailureNumber::outOfMemory);
     }
   } broken;
-  usePlatform({&disk, &archiveLibrary, &broken, &desk, &eventLoop, &clock, &locale, &mainWindow,
-               &statusWindow, &resultsWindow});
+  platform.dialogs = &broken;
+  usePlatform(platform);
   ReplaceAnswer answer = ReplaceAnswer::yes;
   during([&](ArchiveCallbacks& callbacks) { answer = callbacks.replace("a.txt"); });
   EXPECT_EQ(answer, ReplaceAnswer::no);

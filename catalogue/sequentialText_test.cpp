@@ -4,6 +4,7 @@
 #include <string>
 
 #include "testing/engineTest.h"
+#include "testing/expectFailure.h"
 
 namespace quernstoke {
 namespace {
@@ -18,16 +19,6 @@ class SequentialTextTest : public EngineTest {
   SequentialReader reader(const std::string& content) {
     disk.file(path, content);
     return SequentialReader(disk.open(path, OpenMode::input));
-  }
-  // The failure of a reading step, 0 for none.
-  template <class Step>
-  static int failureOf(Step step) {
-    try {
-      step();
-    } catch (const Failure& failure) {
-      return failure.number;
-    }
-    return 0;
   }
 };
 
@@ -97,27 +88,27 @@ TEST_F(SequentialTextTest, EmptyFileIsAtItsEnd) {
 
 TEST_F(SequentialTextTest, FieldsBeyondTheEndFail) {
   SequentialReader in = reader("");
-  EXPECT_EQ(failureOf([&] { in.text(); }), 62);
-  EXPECT_EQ(failureOf([&] { in.number(); }), 62);
-  EXPECT_EQ(failureOf([&] { in.date(); }), 62);
+  EXPECT_FAILURE(inputPastEnd, in.text());
+  EXPECT_FAILURE(inputPastEnd, in.number());
+  EXPECT_FAILURE(inputPastEnd, in.date());
 }
 
 TEST_F(SequentialTextTest, TextWithoutAnEndFails) {
   SequentialReader in = reader("\"never closed,1\r\n");
-  EXPECT_EQ(failureOf([&] { in.text(); }), 62);
+  EXPECT_FAILURE(inputPastEnd, in.text());
 }
 
 TEST_F(SequentialTextTest, AnythingBehindAClosingQuoteFails) {
   SequentialReader in = reader("\"a\"b\",1\r\n");
-  EXPECT_EQ(failureOf([&] { in.text(); }), 13);
+  EXPECT_FAILURE(typeMismatch, in.text());
 }
 
 TEST_F(SequentialTextTest, NumbersThatAreNoneOrTooLargeFail) {
   SequentialReader in = reader("12x,,\"3\",2147483648\r\n");
-  EXPECT_EQ(failureOf([&] { in.number(); }), 13);
-  EXPECT_EQ(failureOf([&] { in.number(); }), 13);
-  EXPECT_EQ(failureOf([&] { in.number(); }), 13);
-  EXPECT_EQ(failureOf([&] { in.number(); }), 6);
+  EXPECT_FAILURE(typeMismatch, in.number());
+  EXPECT_FAILURE(typeMismatch, in.number());
+  EXPECT_FAILURE(typeMismatch, in.number());
+  EXPECT_FAILURE(overflow, in.number());
 }
 
 TEST_F(SequentialTextTest, DatesInAnyOtherFormFail) {
@@ -129,7 +120,7 @@ TEST_F(SequentialTextTest, DatesInAnyOtherFormFail) {
         "#2004-11-02 16:60:00#", "#2004-11-02 16:41:60#", "#0000-11-02 16:41:08#",
         "#-004-11-02 16:41:08#", ""}) {
     SequentialReader in = reader(std::string(date) + ",1\r\n");
-    EXPECT_EQ(failureOf([&] { in.date(); }), 13) << date;
+    EXPECT_FAILURE(typeMismatch, in.date()) << date;
   }
 }
 

@@ -6,16 +6,13 @@
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
 #include "core/modMain.h"
-#include "core/scanDriver.h"
 #include "core/scanState.h"
-#include "settings/settings.h"
 #include "testing/engineTest.h"
 
 namespace quernstoke {
 namespace {
 
 using testing::AllOf;
-using testing::Contains;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::IsEmpty;
@@ -308,9 +305,8 @@ TEST_F(SnapshotsTest, FilesThatCannotBeOpenedAreAProcedureError) {
   disk.failOn(DiskAction::open, filesPath, FailureNumber::permissionDenied);
   EXPECT_FALSE(loadFiles(fileLine("a")));
   EXPECT_EQ(FileCount, 0);
-  EXPECT_THAT(
-      dialogBoxes.messages,
-      ElementsAre("Procedure error in 'basLoadFilesList'.  Reason: Permission denied(70)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basLoadFilesList", "Permission denied(70)")));
 }
 
 TEST_F(SnapshotsTest, ReadingThatBreaksInsideALineIsADamagedLine) {
@@ -425,29 +421,6 @@ TEST_F(SnapshotsTest, WritingThatBreaksLeavesAPartOfTheFileAndTheFileOpen) {
   EXPECT_THAT(disk.content(filesPath), AllOf(StartsWith("\"fff"), EndsWith("\r\n")));
   EXPECT_THAT(disk.content(dirPath), AllOf(StartsWith("1,\"C:\\ddd"), EndsWith("\r\n")));
   EXPECT_EQ(disk.openFiles(), 2);
-}
-
-// In spite of what the message says.
-TEST_F(SnapshotsTest, ScanGoesOnWhenItsFilesCannotBeSaved) {
-  makeProfile("Music");
-  setDirectory(1, "C:\\music", "I");
-  disk.file("C:\\music\\a.txt", "same");
-  disk.file("C:\\music\\b.txt", "same");
-  ProfileSettings.MatchingCriteria = "S";
-  ProfileSettings.MinimumSize = 1;
-  ProfileSettings.MinimumSizeMeasure = "B";
-  ProfileSettings.MaximumSize = 1;
-  ProfileSettings.MaximumSizeMeasure = "GB";
-  GlobalSettings.TempPath = TempDir;
-  GlobalSettings.FileBufferSize = 1024;
-  GlobalSettings.NumberOfFileBuffers = 10;
-  StartMode = startMode::newScan;
-  disk.failOn(DiskAction::write, filesPath, FailureNumber::diskFull);
-  basStartScan();
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre(filesNotSaved));
-  EXPECT_EQ(disk.content(dirPath), "1,\"C:\\music\",\"D\",-1\r\n");
-  EXPECT_EQ(ProfileSettings.RunMode, runState::finished);
-  EXPECT_THAT(windows, Contains("frmResults show"));
 }
 
 TEST_F(SnapshotsTest, LocalCopiesAreForgotten) {

@@ -1,7 +1,6 @@
 #include "catalogue/walkRoot.h"
 
 #include "catalogue/dirTable.h"
-#include "core/scanState.h"
 #include "testing/engineTest.h"
 
 namespace quernstoke {

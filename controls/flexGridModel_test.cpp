@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/failure.h"
+#include "testing/expectFailure.h"
 #include "testing/gridScreen.h"
 
 namespace quernstoke {
@@ -27,19 +27,6 @@ class FlexGridModelTest : public testing::Test {
   ScriptedGridScreen screen;
   FlexGridModel grid;
 };
-
-template <class Steps>
-int failureOf(Steps steps) {
-  try {
-    steps();
-  } catch (const Failure& failure) {
-    return failure.number;
-  }
-  return 0;
-}
-
-constexpr int subscriptOutOfRange = 9;
-constexpr int invalidCall = 5;
 
 TEST_F(FlexGridModelTest, FormatStringSetsTitlesAndAlignments) {
   grid.setFormatString(" |<Directory|^Recurse|>Size|Date");
@@ -180,24 +167,24 @@ TEST_F(FlexGridModelTest, RowsThatRemainKeepTheirContent) {
 TEST_F(FlexGridModelTest, WhatIsNotThereFails) {
   grid.setRows(3);
   grid.setCols(2);
-  EXPECT_EQ(failureOf([&] { grid.setRow(3); }), subscriptOutOfRange);
-  EXPECT_EQ(failureOf([&] { grid.setRowSel(-1); }), subscriptOutOfRange);
-  EXPECT_EQ(failureOf([&] { grid.setCol(2); }), subscriptOutOfRange);
-  EXPECT_EQ(failureOf([&] { grid.setColSel(2); }), subscriptOutOfRange);
-  EXPECT_EQ(failureOf([&] { grid.setTopRow(3); }), subscriptOutOfRange);
-  EXPECT_EQ(failureOf([&] { (void)grid.rowData(3); }), subscriptOutOfRange);
-  EXPECT_EQ(failureOf([&] { (void)grid.cell(1, 2); }), subscriptOutOfRange);
-  EXPECT_EQ(failureOf([&] { grid.editCell(3, 0); }), subscriptOutOfRange);
-  EXPECT_EQ(failureOf([&] { (void)grid.colWidth(2); }), subscriptOutOfRange);
-  EXPECT_EQ(failureOf([&] { (void)grid.rowPos(3); }), subscriptOutOfRange);
-  EXPECT_EQ(failureOf([&] { grid.setRows(0); }), invalidCall);
-  EXPECT_EQ(failureOf([&] { grid.setCols(0); }), invalidCall);
+  EXPECT_FAILURE(subscriptOutOfRange, grid.setRow(3));
+  EXPECT_FAILURE(subscriptOutOfRange, grid.setRowSel(-1));
+  EXPECT_FAILURE(subscriptOutOfRange, grid.setCol(2));
+  EXPECT_FAILURE(subscriptOutOfRange, grid.setColSel(2));
+  EXPECT_FAILURE(subscriptOutOfRange, grid.setTopRow(3));
+  EXPECT_FAILURE(subscriptOutOfRange, (void)grid.rowData(3));
+  EXPECT_FAILURE(subscriptOutOfRange, (void)grid.cell(1, 2));
+  EXPECT_FAILURE(subscriptOutOfRange, grid.editCell(3, 0));
+  EXPECT_FAILURE(subscriptOutOfRange, (void)grid.colWidth(2));
+  EXPECT_FAILURE(subscriptOutOfRange, (void)grid.rowPos(3));
+  EXPECT_FAILURE(invalidProcedureCall, grid.setRows(0));
+  EXPECT_FAILURE(invalidProcedureCall, grid.setCols(0));
 }
 
 TEST_F(FlexGridModelTest, AFailedMoveLeavesTheSelectionAsItWas) {
   grid.setRows(3);
   grid.setRow(1);
-  EXPECT_EQ(failureOf([&] { grid.setRow(99); }), subscriptOutOfRange);
+  EXPECT_FAILURE(subscriptOutOfRange, grid.setRow(99));
   EXPECT_EQ(grid.row(), 1);
 }
 

@@ -2,21 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "testing/expectFailure.h"
+
 namespace quernstoke {
 namespace {
-
-template <class Statement>
-int failureOf(Statement statement) {
-  try {
-    statement();
-  } catch (const Failure& failure) {
-    return failure.number;
-  }
-  return 0;
-}
-
-constexpr int overflow = static_cast<int>(FailureNumber::overflow);
-constexpr int divisionByZero = static_cast<int>(FailureNumber::divisionByZero);
 
 TEST(IntegersTest, ArithmeticThatFitsIsOrdinary) {
   EXPECT_EQ(Int32(7) + 5, 12);
@@ -33,41 +22,41 @@ TEST(IntegersTest, DivisionCutsTowardsZero) {
 }
 
 TEST(IntegersTest, SixteenBitsOverflow) {
-  EXPECT_EQ(failureOf([] { Int16(32767) + 1; }), overflow);
-  EXPECT_EQ(failureOf([] { Int16(-32768) - 1; }), overflow);
-  EXPECT_EQ(failureOf([] { Int16(256) * 128; }), overflow);
-  EXPECT_EQ(failureOf([] { -Int16(-32768); }), overflow);
-  EXPECT_EQ(failureOf([] { Int16(-32768) / -1; }), overflow);
+  EXPECT_FAILURE(overflow, Int16(32767) + 1);
+  EXPECT_FAILURE(overflow, Int16(-32768) - 1);
+  EXPECT_FAILURE(overflow, Int16(256) * 128);
+  EXPECT_FAILURE(overflow, -Int16(-32768));
+  EXPECT_FAILURE(overflow, Int16(-32768) / -1);
 }
 
 TEST(IntegersTest, ThirtyTwoBitsOverflow) {
-  EXPECT_EQ(failureOf([] { Int32(2147483647) + 1; }), overflow);
-  EXPECT_EQ(failureOf([] { Int32(-2147483647) - 2; }), overflow);
-  EXPECT_EQ(failureOf([] { Int32(2097152) * 1024; }), overflow);
+  EXPECT_FAILURE(overflow, Int32(2147483647) + 1);
+  EXPECT_FAILURE(overflow, Int32(-2147483647) - 2);
+  EXPECT_FAILURE(overflow, Int32(2097152) * 1024);
 }
 
 // A count that overflows must not go on from the wrapped value in the next step of a scan.
 TEST(IntegersTest, AfterAnOverflowTheOldValueStands) {
   Int16 number = 32767;
-  EXPECT_EQ(failureOf([&] { ++number; }), overflow);
+  EXPECT_FAILURE(overflow, ++number);
   EXPECT_EQ(number, 32767);
-  EXPECT_EQ(failureOf([&] { number *= 2; }), overflow);
+  EXPECT_FAILURE(overflow, number *= 2);
   EXPECT_EQ(number, 32767);
   number = -32768;
-  EXPECT_EQ(failureOf([&] { --number; }), overflow);
+  EXPECT_FAILURE(overflow, --number);
   EXPECT_EQ(number, -32768);
 }
 
 TEST(IntegersTest, DividingByZeroFails) {
-  EXPECT_EQ(failureOf([] { Int32(1) / 0; }), divisionByZero);
-  EXPECT_EQ(failureOf([] { Int32(1) % 0; }), divisionByZero);
+  EXPECT_FAILURE(divisionByZero, Int32(1) / 0);
+  EXPECT_FAILURE(divisionByZero, Int32(1) % 0);
 }
 
 TEST(IntegersTest, ConversionIsChecked) {
   EXPECT_EQ(Int16(Int32(-32768)), -32768);
-  EXPECT_EQ(failureOf([] { Int16{Int32(32768)}; }), overflow);
-  EXPECT_EQ(failureOf([] { Int32{std::int64_t{2147483648}}; }), overflow);
-  EXPECT_EQ(failureOf([] { Int32{std::size_t{1} << 40}; }), overflow);
+  EXPECT_FAILURE(overflow, Int16{Int32(32768)});
+  EXPECT_FAILURE(overflow, Int32{std::int64_t{2147483648}});
+  EXPECT_FAILURE(overflow, Int32{std::size_t{1} << 40});
 }
 
 }  // namespace

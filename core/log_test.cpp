@@ -1,6 +1,5 @@
 #include "core/log.h"
 
-#include "core/modMain.h"
 #include "testing/engineTest.h"
 
 namespace quernstoke {
@@ -8,10 +7,7 @@ namespace {
 
 using testing::ElementsAre;
 
-class LogTest : public EngineTest {
- protected:
-  const std::string logPath = "C:\\Quernstoke\\quernstoke.log";
-};
+using LogTest = EngineTest;
 
 TEST_F(LogTest, ALineIsDateTextAndLineEnd) {
   openLog();
@@ -60,8 +56,7 @@ TEST_F(LogTest, AFailedWriteIsAProcedureError) {
   openLog();
   disk.freeBytes = 0;
   basLogMsg("Hello");
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basLogMsg'.  Reason: Disk full(61)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("basLogMsg", "Disk full(61)")));
 }
 
 TEST_F(LogTest, ALogThatFailsToCloseIsGivenUp) {

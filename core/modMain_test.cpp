@@ -4,7 +4,6 @@
 #include "catalogue/fileTable.h"
 #include "catalogue/modUnzip.h"
 #include "core/log.h"
-#include "core/startUpState.h"
 #include "core/text.h"
 #include "core/version.h"
 #include "detect/modLinkedList.h"
@@ -24,15 +23,7 @@ using testing::IsEmpty;
 
 class ModMainTest : public EngineTest {
  protected:
-  // The paths of the directories that were made.
-  std::vector<std::string> madeDirectories() const {
-    std::vector<std::string> paths;
-    for (const DiskCall& call : disk.calls)
-      if (call.action == DiskAction::makeDirectory) paths.push_back(call.path);
-    return paths;
-  }
-
-  const std::string logPath = "C:\\Quernstoke\\quernstoke.log";
+  std::vector<std::string> madeDirectories() const { return disk.paths(DiskAction::makeDirectory); }
 };
 
 TEST_F(ModMainTest, AFirstStartMakesItsDirectoriesAndSettings) {
@@ -74,8 +65,7 @@ TEST_F(ModMainTest, AStartCutsTheLogOfTheOneBefore) {
 TEST_F(ModMainTest, AStartWithoutALogEndsInTheBox) {
   disk.failOn(DiskAction::open, logPath, FailureNumber::permissionDenied);
   start();
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'Main'.  Reason: Permission denied(70)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("Main", "Permission denied(70)")));
   EXPECT_THAT(windows, IsEmpty());
 }
 
@@ -84,8 +74,7 @@ TEST_F(ModMainTest, AStartThatCannotMakeADirectoryIsLoggedAndEndsInTheBox) {
   disk.failOn(DiskAction::makeDirectory, "C:\\Quernstoke\\Profiles",
               FailureNumber::permissionDenied);
   start();
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'Main'.  Reason: Permission denied(70)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("Main", "Permission denied(70)")));
   EXPECT_THAT(logLines(), ElementsAre("Starting quernstoke"));
   EXPECT_THAT(windows, IsEmpty());
 }
@@ -153,21 +142,6 @@ TEST_F(ModMainTest, AProfileKnownBeforeTheWindowLoadsIsTaken) {
   start();
   EXPECT_EQ(ProfileName, "Music");
   EXPECT_THAT(windows, ElementsAre("frmMain load", "frmMain show"));
-}
-
-TEST_F(ModMainTest, TheStartUpStateForgetsAllThatWasDone) {
-  start();
-  makeProfile("Music");
-  buildCatalogue({{"a.txt", "C:\\Data", 1}});
-  resetToStartUpState();
-  EXPECT_EQ(AppPath + ExeName + ProfilesDir + TempDir + ProfileName, "");
-  EXPECT_EQ(LogFileNumber, 0);
-  EXPECT_EQ(FileCount, 0);
-  EXPECT_EQ(DirCount, 0);
-  EXPECT_EQ(FileTable.FileName.upperBound(), 0);
-  EXPECT_EQ(ProfileSettings.MatchingCriteria, "");
-  EXPECT_EQ(GlobalSettings.TempPath, "");
-  EXPECT_EQ(ProfileList.ProfileNameList[1], "");
 }
 
 }  // namespace

@@ -10,7 +10,6 @@
 #include "core/modMain.h"
 #include "core/scanDriver.h"
 #include "core/scanState.h"
-#include "core/startUpState.h"
 #include "mainui/profileSelection.h"
 #include "settings/profileStore.h"
 #include "settings/settings.h"
@@ -254,9 +253,7 @@ class PausedScanTest : public EngineTest {
     basSaveProfile("");
   }
   void startProgram() {
-    resetToStartUpState();
-    AppPath = "C:\\Quernstoke";
-    ExeName = "quernstoke";
+    newProcess();
     disk.calls.clear();
     dialogBoxes.messages.clear();
     start();
@@ -284,11 +281,10 @@ class PausedScanTest : public EngineTest {
 
   // All that a scan leaves, line by line.
   std::vector<std::string> outcome() const {
-    std::vector<std::string> lines;
-    for (Int32 file = 1; file <= FileCount; ++file)
-      lines.push_back(basGetDirnameFromFilenum(file) + "\\" +
-                      std::string(FileTable.FileName[file]) + " " +
-                      std::to_string(FileTable.FileStatus[statusMatch][file].raw()));
+    std::vector<std::string> lines = filePaths();
+    const std::vector<int> numbers = matchNumbers();
+    for (std::size_t i = 0; i < lines.size(); ++i)
+      lines[i] += " " + std::to_string(numbers[i]);
     lines.push_back(summary(eventLoop.yields, static_cast<int>(dialogBoxes.messages.size()),
                             ProfileSettings.RunMode.raw(), DuplicateCount.raw()));
     lines.push_back(
@@ -508,9 +504,8 @@ TEST_F(PausedScanTest, RestartRecordOutsideTheTablesIsToldAndTheStagesGoOn) {
   basSaveProfile("PROFILE");
   goOn();
 
-  EXPECT_THAT(
-      dialogBoxes.messages,
-      ElementsAre("Procedure error in 'basCompareFiles'.  Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basCompareFiles", "Subscript out of range(9)")));
   EXPECT_EQ(ProfileSettings.RunMode, runState::finished);
   EXPECT_EQ(ProfileSettings.RestartPoint, 2);
   EXPECT_THAT(matchNumbers(), ElementsAre(0, 0, 0));

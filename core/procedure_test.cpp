@@ -47,7 +47,7 @@ TEST_F(ProcedureTest, AFailureEndsTheInnermostProcedureAlone) {
   });
   EXPECT_TRUE(wentOn);
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basInner'.  Reason: Subscript out of range(9)."));
+              ElementsAre(procedureError("basInner", "Subscript out of range(9)")));
 }
 
 TEST_F(ProcedureTest, SomeProceduresGoOnWithTheNextStepAfterAFailure) {
@@ -55,14 +55,12 @@ TEST_F(ProcedureTest, SomeProceduresGoOnWithTheNextStepAfterAFailure) {
   procedureGoingOn(
       "Timer1_Timer", [&] { ++done; }, [] { fail(FailureNumber::overflow); }, [&] { ++done; });
   EXPECT_EQ(done, 2);
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'Timer1_Timer'.  Reason: Overflow(6)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("Timer1_Timer", "Overflow(6)")));
 }
 
 TEST_F(ProcedureTest, ExhaustedMemoryIsAFailureToo) {
   procedure("basAny", [] { throw std::bad_alloc(); });
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basAny'.  Reason: Out of memory(7)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("basAny", "Out of memory(7)")));
   EXPECT_EQ(ignoringFailure([] { throw std::bad_alloc(); }), 7);
 }
 

@@ -1,14 +1,6 @@
-#include <ostream>
-
-#include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
-#include "core/log.h"
 #include "core/scanDriver.h"
 #include "core/scanDriverTest.h"
-#include "core/startUpState.h"
-#include "detect/tempStore.h"
-#include "progress/scanStatus.h"
-#include "results/matchGroupIndex.h"
 
 namespace quernstoke {
 namespace {
@@ -116,9 +108,8 @@ TEST_F(ContinuedScanTest, AppliesTheRestartRecordToItsSecondPassAgain) {
   restartAt(2, 3, 4);
   basStartScan();
   // Two files are left for the second pass, and its record still names the third.
-  EXPECT_THAT(
-      dialogBoxes.messages,
-      ElementsAre("Procedure error in 'basCompareFiles'.  Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basCompareFiles", "Subscript out of range(9)")));
   EXPECT_THAT(fileNames(), ElementsAre("b", "b"));
   EXPECT_EQ(RunState, runState::finished);
 }
@@ -173,9 +164,7 @@ TEST_F(StateOptionsTest, APausedProfileCanBeContinuedAfterARestart) {
   at(searching, [] { RunState = runState::pauseRequested; });
   basStartScan();
 
-  resetToStartUpState();
-  AppPath = "C:\\Quernstoke";
-  ExeName = "quernstoke";
+  newProcess();
   start();
   ProfileName = "Music";
   ASSERT_TRUE(basLoadProfile("PROFILE"));

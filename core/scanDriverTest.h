@@ -44,13 +44,12 @@ class ScanDriverTest : public EngineTest {
     disk.file("C:\\Data\\b.txt", "same");
   }
 
-  // The disk calls of an action on files of the current profile, by extension.
+  // The extensions of the profile's files in the order in which they were opened.
   std::vector<std::string> openedProfileFiles() const {
     const std::string start = ProfilesDir + "\\" + ProfileName;
     std::vector<std::string> extensions;
-    for (const DiskCall& call : disk.calls)
-      if (call.action == DiskAction::open && call.path.starts_with(start))
-        extensions.push_back(call.path.substr(start.size()));
+    for (const std::string& path : disk.paths(DiskAction::open))
+      if (path.starts_with(start)) extensions.push_back(path.substr(start.size()));
     return extensions;
   }
 
@@ -61,7 +60,6 @@ class ScanDriverTest : public EngineTest {
     return ProfileSettings;
   }
 
-  const std::string logPath = "C:\\Quernstoke\\quernstoke.log";
   const std::string filesSnapshot = "C:\\Quernstoke\\Profiles\\Music.files";
   const std::string dirSnapshot = "C:\\Quernstoke\\Profiles\\Music.dir";
 };

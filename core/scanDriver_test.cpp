@@ -1,7 +1,6 @@
 #include "core/scanDriver.h"
 
 #include <ostream>
-#include <set>
 
 #include "catalogue/dirTable.h"
 #include "catalogue/directoryWalk.h"
@@ -10,10 +9,8 @@
 #include "core/modMain.h"
 #include "core/scanDriverTest.h"
 #include "core/scanState.h"
-#include "core/startUpState.h"
 #include "detect/modLinkedList.h"
 #include "detect/tempStore.h"
-#include "progress/scanStatus.h"
 #include "results/matchGroupIndex.h"
 
 namespace quernstoke {
@@ -65,7 +62,7 @@ TEST_F(ScanDriverTest, AScanWithoutALogDoesNotRun) {
   disk.failOn(DiskAction::open, logPath, FailureNumber::permissionDenied);
   basStartScan();
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basStartScan'.  Reason: Permission denied(70)."));
+              ElementsAre(procedureError("basStartScan", "Permission denied(70)")));
   EXPECT_THAT(windows, IsEmpty());
 }
 
@@ -206,8 +203,7 @@ TEST_F(ScanDriverTest, ATempSpaceThatOverflowsIsNoneAndTheScanGoesOn) {
   basStartScan();
   EXPECT_EQ(TempSpaceBudgetKB, 0);
   EXPECT_EQ(RunState, runState::finished);
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basConvertSize'.  Reason: Overflow(6)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("basConvertSize", "Overflow(6)")));
 }
 
 // What an earlier scan left in the temp directory still takes its room.
@@ -222,9 +218,12 @@ TEST_F(ScanDriverTest, AScanWithoutAModeWalksAndAddsToTheLists) {
   disk.file("C:\\Data\\a.txt", "same");
   buildCatalogue({{"old.txt", "C:\\Old", 4}});
   StartMode = startMode::none;
-  at("Building file list...  ", [] { EXPECT_EQ(FileCount, 1); });
+  std::vector<std::string> atFirst;
+  at(building, [&] { atFirst = fileNames(); });
   basDoScan();
-  EXPECT_NE(basFindDirInList("C:\\Data"), -1);
+  EXPECT_THAT(atFirst, ElementsAre("old.txt"));
+  EXPECT_THAT(statusWindow.statusTexts, Contains(building));
+  EXPECT_THAT(filePaths(), ElementsAre("C:\\Old\\old.txt", "C:\\Data\\a.txt"));
 }
 
 TEST_F(ScanDriverTest, ASizeThatOverflowsBecomesZeroAndTheScanGoesOn) {
@@ -232,8 +231,7 @@ TEST_F(ScanDriverTest, ASizeThatOverflowsBecomesZeroAndTheScanGoesOn) {
   ProfileSettings.MaximumSize = 2048;
   ProfileSettings.MaximumSizeMeasure = "MB";
   basStartScan();
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basConvertSize'.  Reason: Overflow(6)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("basConvertSize", "Overflow(6)")));
   EXPECT_EQ(MaxSizeBytes, FixedPoint());
   EXPECT_EQ(FileCount, 0);
   EXPECT_EQ(RunState, runState::finished);
@@ -265,7 +263,7 @@ TEST_F(ScanDriverTest, AnUnexpectedFailureLeavesTheStatusWindowOpen) {
   GlobalSettings.NumberOfFileBuffers = -1;
   basStartScan();
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basDoScan'.  Reason: Subscript out of range(9)."));
+              ElementsAre(procedureError("basDoScan", "Subscript out of range(9)")));
   EXPECT_THAT(windows, ElementsAre("frmScanStatus show", "frmMain unload"));
   EXPECT_EQ(LogFileNumber, 0);
 }
@@ -395,6 +393,13 @@ TEST_F(ScanDriverTest, PreparingSortsAndGroups) {
   EXPECT_EQ(MatchGroupTable[2].count, 2);
 }
 
+TEST_F(ScanDriverTest, ARefreshCountsTheDuplicatesOfWhatItKeeps) {
+  buildMatches({3, 1, 2, 1, 3, 1});
+  basPrepareFilesListForCompare("MATCHNUM", startMode::refresh);
+  EXPECT_THAT(matchNumbers(), ElementsAre(1, 1, 1, 3, 3));
+  EXPECT_EQ(DuplicateCount, 3);
+}
+
 // The end of a scan.
 
 TEST_F(ScanDriverTest, AFinishedScanShowsItsResults) {
@@ -448,13 +453,18 @@ INSTANTIATE_TEST_SUITE_P(
                     OutcomeCase{0, 0, "frmResults show"}, OutcomeCase{2, 2, "frmMain show"},
                     OutcomeCase{4, 4, "frmMain show"}, OutcomeCase{6, 6, "frmResults show"}));
 
-TEST_F(ScanDriverTest, OnlyARequestStopsALoop) {
-  std::set<int> stops;
-  for (std::int16_t state = 0; state <= 7; ++state) {
-    RunState = state;
-    if (!basCheckRunState()) stops.insert(state);
-  }
-  EXPECT_THAT(stops, ElementsAre(3, 5));
+// In spite of what the message says.
+TEST_F(ScanDriverTest, AScanGoesOnWhenItsFilesCannotBeSaved) {
+  twoEqualFiles();
+  disk.failOn(DiskAction::write, filesSnapshot, FailureNumber::diskFull);
+  basStartScan();
+  EXPECT_THAT(
+      dialogBoxes.messages,
+      ElementsAre(
+          "Error saving results to file 'C:\\Quernstoke\\Profiles\\Music.files'. Process aborted"));
+  EXPECT_EQ(disk.content(dirSnapshot), "1,\"C:\\Data\",\"D\",-1\r\n");
+  EXPECT_EQ(ProfileSettings.RunMode, runState::finished);
+  EXPECT_EQ(windows.back(), "frmResults show");
 }
 
 TEST_F(ScanDriverTest, APausedScanKeepsFilesWithoutAMatch) {

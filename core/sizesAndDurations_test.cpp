@@ -9,7 +9,7 @@ using testing::ElementsAre;
 
 using SizesAndDurationsTest = EngineTest;
 
-constexpr const char* sizeOverflow = "Procedure error in 'basConvertSize'.  Reason: Overflow(6).";
+const std::string sizeOverflow = procedureError("basConvertSize", "Overflow(6)");
 
 double bytes(int value, const char* measure) {
   return basConvertSize(value, measure).toDouble();
@@ -74,7 +74,7 @@ TEST_F(SizesAndDurationsTest, ANegativeSpanHasNegativeParts) {
 TEST_F(SizesAndDurationsTest, ASpanBeyondThirtyTwoBitsOfSecondsFails) {
   EXPECT_EQ(basDateToDuration({0}, {2147483648}, 0), "");
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basDateToDuration'.  Reason: Overflow(6)."));
+              ElementsAre(procedureError("basDateToDuration", "Overflow(6)")));
   EXPECT_THROW(secondsBetween({2147483649}, {0}), Failure);
 }
 

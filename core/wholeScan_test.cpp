@@ -38,16 +38,15 @@ class WholeScanTest : public EngineTest {
   // The files of each match number, in the order of the numbers, by path below C:\Data.
   static std::vector<std::string> groups() {
     std::map<int, std::vector<std::string>> byNumber;
-    for (Int32 file = 1; file <= FileCount; ++file) {
-      const std::string path =
-          basGetDirnameFromFilenum(file) + "\\" + std::string(FileTable.FileName[file]);
-      byNumber[FileTable.FileStatus[statusMatch][file].raw()].push_back(path.substr(8));
-    }
+    const std::vector<std::string> paths = filePaths();
+    const std::vector<int> numbers = matchNumbers();
+    for (std::size_t i = 0; i < paths.size(); ++i)
+      byNumber[numbers[i]].push_back(paths[i].substr(8));
     std::vector<std::string> result;
-    for (auto& [number, paths] : byNumber) {
-      std::sort(paths.begin(), paths.end());
+    for (auto& [number, group] : byNumber) {
+      std::sort(group.begin(), group.end());
       std::string line = std::to_string(number) + ":";
-      for (const std::string& path : paths)
+      for (const std::string& path : group)
         line += " " + path;
       result.push_back(line);
     }

@@ -13,7 +13,6 @@
 #include "detect/matchLoop.h"
 #include "detect/modLinkedList.h"
 #include "detect/tempStore.h"
-#include "results/matchGroupIndex.h"
 #include "settings/settings.h"
 #include "testing/engineTest.h"
 
@@ -48,9 +47,7 @@ class BeginningsTest : public EngineTest {
   }
   void compareAsOneGroup(const std::vector<CatalogueFile>& rows, const char* mode = "SIZE") {
     buildCatalogue(rows);
-    MatchGroupTable.redim(1, false);
-    MatchGroupTable[1] = {1, FileCount};
-    MatchGroupCount = 1;
+    groupAll();
     basCompareFiles(mode);
   }
 
@@ -126,7 +123,7 @@ std::vector<int> readsMade() {
 class BeginningsReadCountTest : public BeginningsTest,
                                 public testing::WithParamInterface<std::tuple<int, int>> {};
 
-// The counters tell what the scan would have read pair by pair, and they are saved nowhere else.
+// The counters tell what the scan would have read pair by pair.
 TEST_P(BeginningsReadCountTest, CountersAreThoseOfReadingEachPair) {
   const auto [files, slots] = GetParam();
   allocateBlockPool(blockLength, slots);
@@ -135,6 +132,10 @@ TEST_P(BeginningsReadCountTest, CountersAreThoseOfReadingEachPair) {
   EXPECT_THAT(readsMade(), testing::ElementsAreArray(readsPairByPair(files, slots)));
   EXPECT_THAT(matchNumbers(), Each(noMatch));
 }
+
+INSTANTIATE_TEST_SUITE_P(AnyPoolAndGroup, BeginningsReadCountTest,
+                         testing::Combine(testing::Values(3, 4, 10, 65, 200),
+                                          testing::Values(1, 2, 3, 9, 64, 500)));
 
 // How many contents there are among the files, and how many slots.
 class BeginningsMatchTest : public BeginningsTest,
@@ -186,12 +187,12 @@ TEST_F(BeginningsTest, FullListOfDirectoriesFailsForEachPair) {
   compareGroup(differentBlocks(4));
 
   EXPECT_EQ(dialogBoxes.messages,
-            std::vector<std::string>(6,
-                                     "Procedure error in 'basCompareFilesCheckExclusion'.  "
-                                     "Reason: Subscript out of range(9)."));
+            std::vector<std::string>(
+                6, procedureError("basCompareFilesCheckExclusion", "Subscript out of range(9)")));
 }
 
-// As one of the files it has all its group for its equals; as a length of nothing it reads none.
+// Content is compared over the primary's length, so an empty primary equals all its group and
+// nothing is read for it.
 TEST_F(BeginningsTest, EmptyPrimaryMatchesAllThoughItsBeginningIsKnown) {
   std::vector<CatalogueFile> rows;
   for (const char* directory : {"C:\\a", "C:\\b", "C:\\c", "C:\\d"}) {
@@ -216,10 +217,6 @@ TEST_F(BeginningsTest, PrimaryThatFailedBeforePassesOverNothing) {
 
   EXPECT_THAT(matchNumbers(), Each(noMatch));
 }
-
-INSTANTIATE_TEST_SUITE_P(AnyPoolAndGroup, BeginningsReadCountTest,
-                         testing::Combine(testing::Values(3, 4, 10, 65, 200),
-                                          testing::Values(1, 2, 3, 9, 64, 500)));
 
 TEST_F(BeginningsTest, EachFileOfAGroupIsOpenedOnceForItsFirstBlock) {
   compareGroup(differentBlocks(100));

@@ -1,7 +1,6 @@
 #include "catalogue/dirTable.h"
 #include "detect/contentCompareTest.h"
 #include "detect/matchLoop.h"
-#include "results/matchGroupIndex.h"
 
 namespace quernstoke {
 namespace {
@@ -116,7 +115,7 @@ TEST_F(ContentFromCopyTest, TwoCopiesThatEndTooEarlyMakeNoMatch) {
   EXPECT_THAT(readCounters(), ElementsAre(0, 2, 6));
 }
 
-// The pool is too small for the second blocks of the files that begin alike. Those of f3 to f7 go
+// The pool is too small for the second blocks of the files that begin alike. Those of c to g go
 // to copies, from which they are later read at a place that they don't have.
 TEST_F(ContentFromCopyTest, FilesThatDifferAreNoMatchHoweverTheirCopiesAreRead) {
   allocateBlockPool(4, 7);
@@ -128,9 +127,7 @@ TEST_F(ContentFromCopyTest, FilesThatDifferAreNoMatchHoweverTheirCopiesAreRead) 
   TempSpaceBudgetKB = 100;
   makeGroup({blocks("xa"), blocks("yb"), blocks("yc"), blocks("yd"), blocks("ye"), blocks("yf"),
              blocks("yg")});
-  MatchGroupTable.redim(1, false);
-  MatchGroupTable[1] = {1, FileCount};
-  MatchGroupCount = 1;
+  groupAll();
   basCompareFiles("SIZE");
 
   EXPECT_THAT(matchNumbers(), testing::Each(noMatch));
@@ -213,7 +210,7 @@ TEST_F(ContentFromCopyTest, CopyThatCannotBeMadeDoesNotStopTheComparison) {
   disk.failOn(DiskAction::open, copyA, FailureNumber::permissionDenied);
   EXPECT_EQ(compare(), 100);
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basOpenTempFile'.  Reason: Permission denied(70)."));
+              ElementsAre(procedureError("basOpenTempFile", "Permission denied(70)")));
   EXPECT_THAT(logLines(), ElementsAre("Error writting to temp file " + copyA));
   EXPECT_THAT(localRange(primary), ElementsAre(-1, -1));
   expectOnlyTheLogOpen();

@@ -112,9 +112,8 @@ TEST_F(ContentFailureTest, OtherFaultIsShownAndLeavesTheFileUnmarked) {
   makeGroup({blocks("ab"), blocks("ab")});
   disk.failOn(DiskAction::seek, "C:\\d\\a", FailureNumber::deviceError);
   EXPECT_EQ(compare(), 0);
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basCompareFileContentReadBlock'.  Reason: "
-                          "Device I/O error(57)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("basCompareFileContentReadBlock",
+                                                               "Device I/O error(57)")));
   EXPECT_EQ(stateOf(primary), normal);
   expectOnlyTheLogOpen();
 }

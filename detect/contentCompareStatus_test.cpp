@@ -84,7 +84,7 @@ TEST_F(ContentStatusTest, FilesAreClosedBeforeTheLastYield) {
   EXPECT_EQ(eventLoop.yields, 1);
 }
 
-TEST_F(ContentStatusTest, NothingIsTraced) {
+TEST_F(ContentStatusTest, ComparisonThatSucceedsLogsNothing) {
   makeGroupOfCopies("abc");
   compare(primary, secondary);
   compare(primary, third);

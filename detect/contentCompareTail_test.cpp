@@ -118,10 +118,10 @@ TEST_F(ContentTailTest, TailOfAFileThatShrankBelowABlockIsAnUnexpectedFailure) {
   disk.file("C:\\d\\b", "abcd");
   EXPECT_EQ(compare(), 96);  // The blocks before were equal, 49 of 51 without the last of them.
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basCompareFileContentReadBlock'.  Reason: "
-                          "Invalid procedure call or argument(5).",
-                          "Procedure error in 'basCompareFileContentReadBlock'.  Reason: "
-                          "Invalid procedure call or argument(5)."));
+              ElementsAre(procedureError("basCompareFileContentReadBlock",
+                                         "Invalid procedure call or argument(5)"),
+                          procedureError("basCompareFileContentReadBlock",
+                                         "Invalid procedure call or argument(5)")));
   expectOnlyTheLogOpen();
 }
 

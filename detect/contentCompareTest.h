@@ -45,10 +45,6 @@ inline std::string withChangedByte(std::string text, std::size_t fromEnd) {
   return text;
 }
 
-inline int stateOf(Int32 file) {
-  return FileTable.FileStatus[statusState][file].raw();
-}
-
 inline std::vector<int> localRange(Int32 file) {
   return {FileTable.FileLocalPos[localPosLowest][file].raw(),
           FileTable.FileLocalPos[localPosHighest][file].raw()};

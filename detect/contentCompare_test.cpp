@@ -166,7 +166,7 @@ TEST_F(ContentOfHugeFileTest, PositionBehindTheLastBlockOfNearlyTwoGigabytesOver
   makeEmptyFilesOfSize(INT32_MAX);
   EXPECT_EQ(compare(), 0);
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basCompareFileContent'.  Reason: Overflow(6)."));
+              ElementsAre(procedureError("basCompareFileContent", "Overflow(6)")));
   EXPECT_EQ(disk.count(DiskAction::read, "C:\\d\\a"), 2048);
   expectOnlyTheLogOpen();
 }

@@ -8,7 +8,6 @@
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
 #include "core/log.h"
-#include "core/modMain.h"
 #include "core/scanState.h"
 #include "detect/modLinkedList.h"
 #include "progress/scanStatus.h"
@@ -223,8 +222,7 @@ TEST_F(MatchLoopTest, The32769thMatchNumberOverflows) {
   prepare("SIZE", files);
   basCompareFiles("SIZE");
 
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basCompareFiles'.  Reason: Overflow(6)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("basCompareFiles", "Overflow(6)")));
   EXPECT_EQ(CurrentMatchNum, 32767);
   EXPECT_EQ(DuplicateCount, pairs - 1);
   EXPECT_EQ(FileTable.FileStatus[statusMatch][2 * pairs - 2], 32767);
@@ -390,8 +388,7 @@ TEST_F(MatchLoopTest, ContinuedPassCountsThePrimariesOfTheGroupBeforeAsItsOwn) {
 }
 
 TEST_F(MatchLoopTest, RestartPointsOutsideTheTablesEndThePass) {
-  constexpr const char* box =
-      "Procedure error in 'basCompareFiles'.  Reason: Subscript out of range(9).";
+  const std::string box = procedureError("basCompareFiles", "Subscript out of range(9)");
   prepareSizes({10, 10, 20, 20});
   ProfileSettings.RestartPoint = 2;
   continueFrom(-1, 1, 2);
@@ -627,8 +624,8 @@ TEST_F(ExclusionTest, IsAskedForEachSecondaryEvenIfItIsNoCandidate) {
   FileTable.FileDirNum[2] = 9999;
   basCompareFiles("SIZE");
 
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basGetDirnameFromFilenum'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basGetDirnameFromFilenum", "Subscript out of range(9)")));
 }
 
 }  // namespace

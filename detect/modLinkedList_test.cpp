@@ -107,8 +107,8 @@ TEST_F(BlockPoolTest, ShareOfAFileIsAtLeastOne) {
 
 TEST_F(BlockPoolTest, GroupWithoutFilesIsADivisionByZero) {
   EXPECT_EQ(basLLInitializeBuffer(1, 0, 4, 0), 0);
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basLLInitializeBuffer'.  "
-                                                "Reason: Division by zero(11)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basLLInitializeBuffer", "Division by zero(11)")));
 }
 
 TEST_F(BlockPoolTest, BlocksAreFoundByTheirNumber) {
@@ -243,8 +243,8 @@ TEST_F(BlockPoolTest, ReloadedRowBeginsANewChain) {
 
 TEST_F(BlockPoolTest, BlockThatNoSlotCanHoldFails) {
   EXPECT_EQ(write(1, 0, "nine byte"), 0);
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basLLWriteBuffer'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basLLWriteBuffer", "Subscript out of range(9)")));
 }
 
 TEST_F(BlockPoolTest, PoolNeedsBlocksOfAtLeastOneByte) {
@@ -256,7 +256,8 @@ TEST_F(BlockPoolTest, ReleasedPoolHasNoSlots) {
   EXPECT_EQ(BlockPoolCount, 0);
   EXPECT_EQ(BlockPoolNext.upperBound(), 0);
   EXPECT_EQ(write(1, 0, "a"), 0);
-  EXPECT_EQ(dialogBoxes.messages.size(), 1);
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basLLWriteBuffer", "Subscript out of range(9)")));
 }
 
 }  // namespace

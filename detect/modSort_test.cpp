@@ -5,10 +5,10 @@
 #include <limits>
 #include <numeric>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "testing/engineTest.h"
+#include "testing/tables.h"
 
 namespace quernstoke {
 namespace {
@@ -19,27 +19,12 @@ using testing::IsEmpty;
 using SortTest = EngineTest;
 using Numbers = std::vector<int>;
 
-Table<Int32> tableOf(const Numbers& values) {
-  Table<Int32> table;
-  table.redim(values.size() - 1, false);
-  for (std::size_t i = 0; i < values.size(); ++i)
-    table[i] = values[i];
-  return table;
-}
-
 TextColumn columnOf(const std::vector<std::string>& texts) {
   TextColumn column;
   column.redim(texts.size() - 1, false);
   for (std::size_t i = 0; i < texts.size(); ++i)
     column.set(i, texts[i]);
   return column;
-}
-
-Numbers valuesOf(const Table<Int32>& table) {
-  Numbers values;
-  for (Int32 i = 0; i <= table.upperBound(); ++i)
-    values.push_back(table[i].raw());
-  return values;
 }
 
 // 0 to `last`.
@@ -225,14 +210,14 @@ TEST_F(SortTest, RangeWhoseBoundsOverflowIsLeftAlone) {
 
 TEST_F(SortTest, IndexWithoutTextMovesNothing) {
   EXPECT_THAT(sortedByText(1, 3, {"", "b", "a"}, {0, 1, 2, 3}), ElementsAre(0, 1, 2, 3));
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basHeapSortByText'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basHeapSortByText", "Subscript out of range(9)")));
 }
 
 TEST_F(SortTest, EachSiftReportsAnIndexWithoutNumber) {
   sortedByNumber(1, 2, {0, 1}, {0, 1, 2});
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basHeapSiftByNumber'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basHeapSiftByNumber", "Subscript out of range(9)")));
 }
 
 // The same keys as texts and as numbers, for a sift of slot `node` of slots 1 to 7.

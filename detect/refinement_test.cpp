@@ -5,10 +5,9 @@
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
-#include "core/scanDriver.h"
 #include "core/scanState.h"
-#include "results/matchGroupIndex.h"
 #include "testing/engineTest.h"
+#include "testing/tables.h"
 
 namespace quernstoke {
 namespace {
@@ -24,21 +23,6 @@ class RefinementTest : public EngineTest {
     for (const std::string& name : names)
       files.push_back({name, "C:\\"});
     buildCatalogue(files);
-  }
-
-  // Files "a", "b", "c"... of these sizes.
-  static void buildSizes(const std::vector<int>& sizes) {
-    std::vector<CatalogueFile> files;
-    for (int size : sizes)
-      files.push_back({std::string(1, static_cast<char>('a' + files.size())), "C:\\", size});
-    buildCatalogue(files);
-  }
-
-  // Files "a", "b", "c"... with these match numbers.
-  static void buildMatches(const std::vector<int>& numbers) {
-    buildSizes(std::vector<int>(numbers.size(), 1));
-    for (std::size_t i = 0; i < numbers.size(); ++i)
-      FileTable.FileStatus[statusMatch][i + 1] = numbers[i];
   }
 
   // Directories "1", "2", "3"..., each in the one before it; 't' marks a temporary one.
@@ -57,17 +41,7 @@ class RefinementTest : public EngineTest {
 };
 
 std::vector<int> pointers() {
-  std::vector<int> values;
-  for (Int32 i = 0; i <= FilePointerArray.upperBound(); ++i)
-    values.push_back(FilePointerArray[i].raw());
-  return values;
-}
-
-std::vector<std::string> directoryNames() {
-  std::vector<std::string> names;
-  for (Int32 row = 1; row <= DirCount; ++row)
-    names.push_back(DirTable[row].name);
-  return names;
+  return valuesOf(FilePointerArray);
 }
 
 std::vector<int> parents() {
@@ -360,29 +334,6 @@ TEST_F(RefinementTest, RemovalOfTheOnlyDirectoryLeavesTheTableAtItsSize) {
   basRemoveDirsByCriteria("TEMPORARY");
   EXPECT_EQ(DirCount, -1);
   EXPECT_EQ(DirTable.upperBound(), 2);
-}
-
-TEST_F(RefinementTest, PreparedPassHasItsFilesSortedPrunedAndGrouped) {
-  buildSizes({20, 10, 20, 30, 20, 10});
-  basPrepareFilesListForCompare("SIZE", startMode::newScan);
-  EXPECT_THAT(fileSizes(), ElementsAre(10, 20, 20, 20));
-  ASSERT_EQ(MatchGroupCount, 2);
-  EXPECT_EQ(MatchGroupTable[1].count, 1);
-  EXPECT_EQ(MatchGroupTable[2].first, 2);
-  EXPECT_EQ(MatchGroupTable[2].count, 3);
-}
-
-TEST_F(RefinementTest, ContinuedPassIsNotPruned) {
-  buildSizes({20, 10, 30});
-  basPrepareFilesListForCompare("SIZE", startMode::continueScan);
-  EXPECT_THAT(fileSizes(), ElementsAre(10, 20, 30));
-}
-
-TEST_F(RefinementTest, RefreshPrunesAndCountsTheDuplicates) {
-  buildMatches({3, 1, 2, 1, 3, 1});
-  basPrepareFilesListForCompare("MATCHNUM", startMode::refresh);
-  EXPECT_THAT(matchNumbers(), ElementsAre(1, 1, 1, 3, 3));
-  EXPECT_EQ(DuplicateCount, 3);
 }
 
 }  // namespace

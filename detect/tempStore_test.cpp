@@ -2,12 +2,10 @@
 
 #include <new>
 #include <string>
-#include <vector>
 
 #include "catalogue/modUnzip.h"
 #include "core/log.h"
 #include "core/scanState.h"
-#include "platform/platform.h"
 #include "progress/scanStatus.h"
 #include "testing/engineTest.h"
 
@@ -241,9 +239,8 @@ TEST_F(TempEntryTest, NothingIsExtractedWhereAFileCannotBeLookedAt) {
   disk.failOn(DiskAction::attributes, inTempDir("a.txt"), FailureNumber::deviceError);
   EXPECT_EQ(extract(), "");
   EXPECT_THAT(archiveLibrary.calls, IsEmpty());
-  EXPECT_THAT(
-      dialogBoxes.messages,
-      ElementsAre("Procedure error in 'basExtractZipEntry'.  Reason: Device I/O error(57)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basExtractZipEntry", "Device I/O error(57)")));
 }
 
 TEST_F(TempEntryTest, DirectoryOfAPersonStaysToo) {
@@ -261,9 +258,8 @@ TEST_F(TempEntryTest, EntryThatCannotBeRenamedIsAProcedureErrorAndLeavesNoFile) 
   disk.failOn(DiskAction::rename, inTempDir("a.txt"), FailureNumber::permissionDenied);
   EXPECT_EQ(extract(), "");
   EXPECT_THAT(disk.names(temp), IsEmpty());
-  EXPECT_THAT(
-      dialogBoxes.messages,
-      ElementsAre("Procedure error in 'basExtractZipEntry'.  Reason: Permission denied(70)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basExtractZipEntry", "Permission denied(70)")));
   EXPECT_EQ(TempUsedKB, 50);
 }
 
@@ -283,7 +279,7 @@ TEST_F(TempEntryTest, EntryForWhichMemoryFailsLeavesNoFile) {
   EXPECT_EQ(extract(), "");
   EXPECT_THAT(disk.names(temp), IsEmpty());
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basExtractZipEntry'.  Reason: Out of memory(7)."));
+              ElementsAre(procedureError("basExtractZipEntry", "Out of memory(7)")));
 }
 
 TEST_F(TempEntryTest, EntryThatIsNotSeenAfterItsExtractionLeavesNoFile) {

@@ -160,8 +160,7 @@ TEST_F(DirMatchMoveTest, DirectoryThatCannotBeLookedAtIsTold) {
   show({{"a", "C:\\left\\sub", 1, 0}, {"b", "C:\\right", 1, 0}});
   disk.failOn(DiskAction::nameOnDisk, "C:\\right\\sub", FailureNumber::deviceError);
   moveRows(1, 1, left, {Answer::yes});
-  EXPECT_EQ(lastMessage(),
-            "Procedure error in 'lstFileExtensions_DblClick'.  Reason: Device I/O error(57).");
+  EXPECT_EQ(lastMessage(), procedureError("lstFileExtensions_DblClick", "Device I/O error(57)"));
   EXPECT_TRUE(onDisk("left\\sub\\a"));
 }
 
@@ -359,8 +358,7 @@ TEST_F(DirMatchMoveTest, CopyThatCannotBeTakenBackIsToldAsAProcedureError) {
   for (const char* path : {"C:\\left\\a", "C:\\right\\a"})
     disk.failOn(DiskAction::remove, path, FailureNumber::permissionDenied);
   moveRows(1, 1, left, {Answer::yes});
-  EXPECT_EQ(lastMessage(),
-            "Procedure error in 'lstFileExtensions_DblClick'.  Reason: Permission denied(70).");
+  EXPECT_EQ(lastMessage(), procedureError("lstFileExtensions_DblClick", "Permission denied(70)"));
   EXPECT_EQ(content("left\\a"), contentOf("a"));
   EXPECT_EQ(content("right\\a"), contentOf("a"));
 }

@@ -172,12 +172,5 @@ TEST_F(DirMatchRowsTest, NothingIsSortedWithoutRows) {
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
-TEST_F(DirMatchRowsTest, SlotsOfTheDialogsAreTheDirectories) {
-  DialogValue = 4;
-  DialogValue2 = 9;
-  EXPECT_EQ(DirMatchDir1, 4);
-  EXPECT_EQ(DirMatchDir2, 9);
-}
-
 }  // namespace
 }  // namespace quernstoke

@@ -1,5 +1,7 @@
 #include "dirmatch/dirMatchSelection.h"
 
+#include <utility>
+
 #include "dirmatch/dirMatchTest.h"
 
 namespace quernstoke {

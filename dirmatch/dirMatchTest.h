@@ -1,13 +1,11 @@
 #pragma once
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "catalogue/dirTable.h"
 #include "catalogue/fileTable.h"
 #include "core/scanState.h"
-#include "dirmatch/dirMatchActions.h"
 #include "dirmatch/dirMatchGrid.h"
 #include "dirmatch/dirMatchRows.h"
 #include "dirmatch/dirMatchSelection.h"
@@ -82,7 +80,6 @@ class DirMatchTest : public EngineTest {
   }
   const std::string& text(int row, int col) const { return grid.cell(row, col).text; }
   static std::string directoryOf(int file) { return DirTable[FileTable.FileDirNum[file]].name; }
-  static int stateOf(int file) { return FileTable.FileStatus[statusState][file].raw(); }
   bool onDisk(const std::string& path) const { return disk.exists("C:\\" + path); }
 
   static constexpr int left = dirMatchSide::left;

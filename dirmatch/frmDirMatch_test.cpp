@@ -280,8 +280,8 @@ class BusyDialogs : public ScriptedDialogs {
 // What works the controls without mouse and keyboard isn't held off by a question.
 TEST_F(DirMatchWindow, NothingElseIsDoneWhileAQuestionIsUp) {
   BusyDialogs busy;
-  usePlatform({&disk, &archiveLibrary, &busy, &desk, &eventLoop, &clock, &locale, &mainWindow,
-               &statusWindow, &resultsWindow});
+  platform.dialogs = &busy;
+  usePlatform(platform);
   const std::pair<const char*, std::function<void()>> deeds[] = {{"cmdDelete_0", [&] { click("cmdDelete_0"); }},
                                                                  {"cmdDelete_1", [&] { click("cmdDelete_1"); }},
                                                                  {"cmdMove_0", [&] { click("cmdMove_0"); }},
@@ -363,7 +363,7 @@ TEST_F(DirMatchWindow, WrongDirectoriesAreToldAndTheWindowCanBeClosed) {
   open({{"a", "C:\\left", 1, 0}, {"b", "C:\\right", 1, 0}}, "C:\\nowhere", "C:\\right");
   ASSERT_FALSE(dialogBoxes.messages.empty());
   EXPECT_EQ(dialogBoxes.messages.front(),
-            "Procedure error in 'lstFileExtensions_DblClick'.  Reason: Subscript out of range(9).");
+            procedureError("lstFileExtensions_DblClick", "Subscript out of range(9)"));
   click("cmdClose");
   EXPECT_FALSE(isOpen());
 }

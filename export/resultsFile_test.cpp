@@ -1,7 +1,6 @@
 #include "export/resultsFile.h"
 
 #include "catalogue/fileTable.h"
-#include "core/modMain.h"
 #include "core/scanState.h"
 #include "export/resultsRows.h"
 #include "platform/platform.h"
@@ -63,8 +62,8 @@ class DayFirst : public PlainLocale {
 class ResultsBytesTest : public ResultsFileTest {
  protected:
   ResultsBytesTest() {
-    usePlatform({&disk, &archiveLibrary, &dialogBoxes, &desk, &eventLoop, &clock, &dayFirst,
-                 &mainWindow, &statusWindow, &resultsWindow});
+    platform.locale = &dayFirst;
+    usePlatform(platform);
     setDates();
   }
   static void setDates() {

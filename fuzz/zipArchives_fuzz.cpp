@@ -111,9 +111,8 @@ class ArchiveInATree {
 
   void listIntoTheCatalogue() {
     StandIns engine;
-    usePlatform({&engine.disk, &library_, &engine.dialogBoxes, &engine.desk, &engine.eventLoop,
-                 &engine.clock, &engine.locale, &engine.mainWindow, &engine.statusWindow,
-                 &engine.resultsWindow});
+    engine.platform.archives = &library_;
+    usePlatform(engine.platform);
     RunState = runState::buildingList;
     MaxSizeBytes = Int32(largestSize);
     basBuildExtensionList("*.*", ExtensionList);

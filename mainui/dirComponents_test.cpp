@@ -81,7 +81,7 @@ TEST_F(DirComponentsTest, LastComponentIsCut) {
 TEST_F(DirComponentsTest, MoreComponentsThanCanBeCountedAreReported) {
   EXPECT_EQ(count(std::string(32768, '\\')), 0);
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basLoadDirIntoArray'.  Reason: Overflow(6)."));
+              ElementsAre(procedureError("basLoadDirIntoArray", "Overflow(6)")));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "core/modMain.h"
 #include "settings/settings.h"
 #include "testing/engineTest.h"
+#include "testing/expectFailure.h"
 
 namespace quernstoke {
 namespace {
@@ -72,12 +73,7 @@ TEST_F(FileTypeLinksTest, FilesAreOpenedForReadingAndClosed) {
 // So nothing is ever found unless all slots hold a profile.
 TEST_F(FileTypeLinksTest, ASlotWithoutAProfileFails) {
   ProfileList.ProfileNameList[9].clear();
-  try {
-    profileLinkedTo(6);
-    FAIL();
-  } catch (const Failure& failure) {
-    EXPECT_TRUE(failure.is(FailureNumber::fileNotFound));
-  }
+  EXPECT_FAILURE(fileNotFound, profileLinkedTo(6));
   EXPECT_EQ(disk.count(DiskAction::open, ProfilesDir + "\\.profile"), 1);
 }
 

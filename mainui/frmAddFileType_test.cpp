@@ -85,8 +85,7 @@ class FileTypesDialog : public EngineTest {
   static std::string description(int row) { return FileTypeTable.FileTypeDescription[row]; }
   static std::string list(int row) { return FileTypeTable.FileTypesList[row]; }
   void expectReport(const std::string& name, const std::string& reason) {
-    EXPECT_THAT(dialogBoxes.messages,
-                ElementsAre("Procedure error in '" + name + "'.  Reason: " + reason + "."));
+    EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError(name, reason)));
     dialogBoxes.messages.clear();
   }
 

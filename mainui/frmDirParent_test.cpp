@@ -240,8 +240,8 @@ TEST_F(ComponentDialog, ValueThatNoBoxHasIsReported) {
 
 TEST_F(ComponentDialog, PathOfMorePartsThanCanBeCountedIsReportedAndShowsNone) {
   open(std::string(32768, '\\'), 0, 0);
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basLoadDirIntoArray'.  "
-                                                "Reason: Overflow(6)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basLoadDirIntoArray", "Overflow(6)")));
   dialogBoxes.messages.clear();
   press("cmdCancel");
   settle();
@@ -249,8 +249,7 @@ TEST_F(ComponentDialog, PathOfMorePartsThanCanBeCountedIsReportedAndShowsNone) {
   for (int part = 0; part < 20'000; ++part)
     path += "\\p";
   open(path, 0, 0);
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basProcessDir'.  Reason: Overflow(6)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("basProcessDir", "Overflow(6)")));
 }
 
 // Leaving.

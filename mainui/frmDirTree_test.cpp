@@ -273,10 +273,7 @@ TEST_F(DirectoryPicker, OpeningANodeReadsTwoLevelsFurther) {
   open("C:\\");
   disk.calls.clear();
   tree().expand(indexOf("media"));
-  std::vector<std::string> listed;
-  for (const DiskCall& call : disk.calls)
-    if (call.action == DiskAction::list) listed.push_back(call.path);
-  EXPECT_THAT(listed, ElementsAre("C:\\media\\a", "C:\\media\\a\\b"));
+  EXPECT_THAT(disk.paths(DiskAction::list), ElementsAre("C:\\media\\a", "C:\\media\\a\\b"));
 }
 
 // Leaving.
@@ -393,8 +390,7 @@ TEST_F(DirectoryPicker, AClickOnAnUnreadableDirectoryChoosesItWithoutAWord) {
 
 TEST_F(DirectoryPicker, AFailedLoadIsReported) {
   const auto expectReport = [this](const std::string& name, const std::string& reason) {
-    EXPECT_THAT(dialogBoxes.messages,
-                ElementsAre("Procedure error in '" + name + "'.  Reason: " + reason + "."));
+    EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError(name, reason)));
     dialogBoxes.messages.clear();
   };
   disk.before = [&](const DiskCall& call) {

@@ -217,8 +217,7 @@ TEST_F(DirectoryDialog, APairInTheLastSlotHasNoRoomForItsLowerHalf) {
   type(directory(1), "C:\\Music");
   press("cmdOK");
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basSaveValues'.  Reason: Subscript out of "
-                          "range(9)."));
+              ElementsAre(procedureError("basSaveValues", "Subscript out of range(9)")));
   EXPECT_EQ(ProfileDirList[128].IncludeExclude, "1");
   EXPECT_FALSE(isOpen());
 }
@@ -432,9 +431,8 @@ TEST_F(DirectoryDialog, EmptiedFileTypesAreReported) {
   type(directory(0), "C:\\Photos");
   types().clearEditText();
   press("cmdOK");
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basSaveValues'.  Reason: Invalid procedure call or "
-                          "argument(5)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError(
+                                        "basSaveValues", "Invalid procedure call or argument(5)")));
   EXPECT_FALSE(isOpen());
 }
 
@@ -508,8 +506,7 @@ TEST_F(DirectoryDialog, AFileTypeThatIsGoneSelectsNone) {
 TEST_F(DirectoryDialog, FailuresAreReportedByTheNamesOfTheirHandlers) {
   const auto expectReport = [this](const std::string& name,
                                    const std::string& reason = "Subscript out of range(9)") {
-    EXPECT_THAT(dialogBoxes.messages,
-                ElementsAre("Procedure error in '" + name + "'.  Reason: " + reason + "."));
+    EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError(name, reason)));
     dialogBoxes.messages.clear();
   };
   open(lastDirSlot + 1);

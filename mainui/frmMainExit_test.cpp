@@ -256,8 +256,8 @@ TEST_F(MainWindowExit, AWindowThatIsClosedWhileItsProfileIsLoadedStaysClosed) {
 TEST_F(MainWindowExit, HandlersReportTheirFailuresByTheirNames) {
   BrokenResults broken;
   openAnn([] { ProfileSettings.RunMode = runState::finished; });
-  usePlatform({&disk, &archiveLibrary, &dialogBoxes, &desk, &eventLoop, &clock, &locale, &window,
-               &statusWindow, &broken});
+  platform.frmResults = &broken;
+  usePlatform(platform);
   click(button("cmdViewPreviousResults"));
   click(button("cmdExit_0"));
   EXPECT_THAT(dialogBoxes.messages,

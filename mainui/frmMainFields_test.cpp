@@ -531,8 +531,8 @@ class BoxCloser {
 TEST_F(MainWindowFields, RealBoxesComeOnceToo) {
   openAnn();
   QtDialogs real;
-  usePlatform({&disk, &archiveLibrary, &real, &desk, &eventLoop, &clock, &locale, &window,
-               &statusWindow, &resultsWindow});
+  platform.dialogs = &real;
+  usePlatform(platform);
   BoxCloser closer;
   field("txtMinimumSize").setFocus();
   field("txtMinimumSize").setText("x");
@@ -559,8 +559,8 @@ TEST_F(MainWindowFields, RealBoxesThatLetTheFocusGoComeOnceToo) {
   openAnn();
   showGlobalPage();
   QtDialogs real;
-  usePlatform({&disk, &archiveLibrary, &real, &desk, &eventLoop, &clock, &locale, &window,
-               &statusWindow, &resultsWindow});
+  platform.dialogs = &real;
+  usePlatform(platform);
   BoxCloser closer;
   const auto leave = [](const char* name, const char* value, const std::function<void()>& act) {
     form().activateWindow();

@@ -32,8 +32,8 @@ class MainWindowTest : public EngineTest {
  protected:
   MainWindowTest() {
     QCursor::setPos(farAway, farAway);  // Where it shows no help of its own.
-    usePlatform({&disk, &archiveLibrary, &dialogBoxes, &desk, &eventLoop, &clock, &locale, &window,
-                 &statusWindow, &resultsWindow});
+    platform.frmMain = &window;
+    usePlatform(platform);
     basDefaultProfile("GLOBAL", "");
     disk.directory("C:\\Photos");
     disk.directory("C:\\Music");
@@ -109,9 +109,5 @@ class MainWindowTest : public EngineTest {
 
   static inline FormsMainWindow window;
 };
-
-inline std::string procedureError(const std::string& name, const std::string& reason) {
-  return "Procedure error in '" + name + "'.  Reason: " + reason + ".";
-}
 
 }  // namespace quernstoke

@@ -71,13 +71,7 @@ class DirTreeTest : public EngineTest {
   }
   TreeNode& node(const std::string& key) { return *find(*tree_.root(), key); }
   std::string selected() { return tree_.selected() == nullptr ? "" : tree_.selected()->key; }
-  // The directories listed, in order.
-  std::vector<std::string> listed() {
-    std::vector<std::string> paths;
-    for (const DiskCall& call : disk.calls)
-      if (call.action == DiskAction::list) paths.push_back(call.path);
-    return paths;
-  }
+  std::vector<std::string> listed() const { return disk.paths(DiskAction::list); }
 
   TreeModel tree_;
   std::vector<std::string> expanded_;
@@ -326,14 +320,14 @@ TEST_F(DirTreeTest, OtherFailuresAreReported) {
   makeDirectories({"C:\\a"});
   tree_.onExpand = [](TreeNode&) { fail(FailureNumber::subscriptOutOfRange); };
   open("C:\\a");
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basLoadDirList'.  Reason: "
-                                                "Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basLoadDirList", "Subscript out of range(9)")));
 }
 
 TEST_F(DirTreeTest, TwentyThousandDirectoriesAreReadInOrder) {
   ManyDirectories many;
-  usePlatform({&many, &archiveLibrary, &dialogBoxes, &desk, &eventLoop, &clock, &locale,
-               &mainWindow, &statusWindow, &resultsWindow});
+  platform.files = &many;
+  usePlatform(platform);
   basLoadDirList(tree_, "C:", "C:\\" + ManyDirectories::nameOf(0));
   const auto& children = tree_.root()->children;
   ASSERT_EQ(children.size(), std::size_t{ManyDirectories::count});

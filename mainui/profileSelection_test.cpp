@@ -112,8 +112,7 @@ TEST_F(ProfileSelectionTest, FailureOnTheWayIsToldAndReportedAsFalse) {
 
   EXPECT_FALSE(select("Music"));
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basProcessProfileSelection'.  Reason: Out of "
-                          "memory(7)."));
+              ElementsAre(procedureError("basProcessProfileSelection", "Out of memory(7)")));
 }
 
 }  // namespace

@@ -108,7 +108,7 @@ TEST_F(QuickHelpTest, TagThatIsNoNumberIsReported) {
 
   EXPECT_THAT(txtHelp.texts, IsEmpty());
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basDisplayHelp'.  Reason: Type mismatch(13)."));
+              ElementsAre(procedureError("basDisplayHelp", "Type mismatch(13)")));
 }
 
 class HelpStateTest : public EngineTest {

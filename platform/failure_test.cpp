@@ -26,9 +26,9 @@ TEST(Failure, CarriesItsNumberAndItsWords) {
   };
   for (const auto& [number, words] : expected) {
     const Failure failure(number);
-    EXPECT_EQ(static_cast<int>(number), failure.number);
-    EXPECT_EQ(words, failure.description);
-    EXPECT_STREQ(words, failure.what());
+    EXPECT_EQ(failure.number, static_cast<int>(number));
+    EXPECT_EQ(failure.description, words);
+    EXPECT_STREQ(failure.what(), words);
   }
 }
 
@@ -36,7 +36,7 @@ TEST(Failure, IsThrownByFail) {
   try {
     fail(FailureNumber::diskFull);
   } catch (const Failure& failure) {
-    EXPECT_EQ(61, failure.number);
+    EXPECT_EQ(failure.number, 61);
     EXPECT_TRUE(failure.is(FailureNumber::diskFull));
     EXPECT_FALSE(failure.is(FailureNumber::deviceError));
     return;

@@ -47,8 +47,8 @@ void settle() {
 class FrmScanStatusTest : public EngineTest {
  protected:
   FrmScanStatusTest() {
-    usePlatform({&disk, &archiveLibrary, &dialogBoxes, &desk, &eventLoop, &clock, &locale,
-                 &mainWindow, &window, &resultsWindow});
+    platform.frmScanStatus = &window;
+    usePlatform(platform);
     eventLoop.onYield = settle;
     ProfileName = "Music";
     openLog();
@@ -492,9 +492,8 @@ TEST_F(FrmScanStatusTest, FailedHelpIsToldAndItsLineStillComesUp) {
   control<PanelStatusBar>("sbarStatus").setPanelTag(1, "one");
   pointAt(panel(1));
 
-  EXPECT_THAT(
-      dialogBoxes.messages,
-      ElementsAre("Procedure error in 'sbarStatus_MouseMove'.  Reason: Type mismatch(13)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("sbarStatus_MouseMove", "Type mismatch(13)")));
   EXPECT_TRUE(isShown("labHelp"));
   EXPECT_TRUE(control<QTimer>("Timer1").isActive());
 }

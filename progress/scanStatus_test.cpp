@@ -158,14 +158,12 @@ TEST_F(ScanStatusTest, ReadCountersAreShown) {
   EXPECT_EQ(label("labRemoteFileReads"), "1333");
 }
 
-TEST_F(ScanStatusTest, FailureIsToldAndTheScanGoesOn) {
+TEST_F(ScanStatusTest, FailureIsTold) {
   basUpdateStatusFields("Searching...", 9999, 1);
 
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basGetDirnameFromFilenum'.  Reason: Subscript out "
-                          "of range(9).",
-                          "Procedure error in 'basUpdateStatusFields'.  Reason: Subscript out of "
-                          "range(9)."));
+              ElementsAre(procedureError("basGetDirnameFromFilenum", "Subscript out of range(9)"),
+                          procedureError("basUpdateStatusFields", "Subscript out of range(9)")));
 }
 
 TEST_F(ScanStatusTest, PercentageIsShownInTheCaptionOfAMinimisedWindowOnly) {

@@ -54,13 +54,9 @@ class DirectoryMatchTest : public ResultsGridTest {
     basRedimFilesArrays(FileCount, true);
     basBuildWholeGrid(form, 0, 1);
   }
-  void select(int row) {
-    grid.setRow(row);
-    grid.setRowSel(row);
-  }
   void click(int index) { cmdSetDir_Click(form, static_cast<std::int16_t>(index)); }
   void set(int index, int row) {
-    select(row);
+    select(row, row);
     click(index);
   }
   void setBoth() {
@@ -157,8 +153,8 @@ TEST_F(DirectoryMatchTest, HeaderPicksNothing) {
 TEST_F(DirectoryMatchTest, EmptyRowIsReported) {
   show();
   set(0, 8);
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'cmdSetDir_Click'.  Reason: "
-                                                "Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("cmdSetDir_Click", "Subscript out of range(9)")));
 }
 
 // Comparing.
@@ -347,8 +343,8 @@ TEST_F(DirectoryMatchTest, DirectoryThatIsGoneIsTold) {
   setBoth();
   DirTable.redim(1, true);
   click(2);
-  EXPECT_THAT(dialogBoxes.messages, Contains("Procedure error in 'cmdSetDir_Click'.  Reason: "
-                                             "Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              Contains(procedureError("cmdSetDir_Click", "Subscript out of range(9)")));
   EXPECT_EQ(matches, 0);
   EXPECT_TRUE(form.takesInput);
   EXPECT_EQ(button(0).text, "1");
@@ -359,6 +355,13 @@ TEST_F(DirectoryMatchTest, DirectoryThatIsGoneIsTold) {
   click(2);
   EXPECT_EQ(matches, 1);
   EXPECT_THAT(fileNames(), ElementsAre("a", "b", "c", "d"));
+}
+
+TEST_F(DirectoryMatchTest, SlotsOfTheDialogsAreTheDirectories) {
+  DialogValue = 4;
+  DialogValue2 = 9;
+  EXPECT_EQ(DirMatchDir1, 4);
+  EXPECT_EQ(DirMatchDir2, 9);
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ class FileActionsTest : public ResultsGridTest {
   static std::string contentOfSize(int size) {
     return std::string(static_cast<std::size_t>(size), 'x');
   }
-  // The files of C:\a.zip, as a scan finds them in a folder of it.
+  // One entry of C:\data\a.zip, as a scan finds it in a folder of it, shown and selected.
   void showZipEntry(const std::string& name, const std::string& folder = "in") {
     archiveLibrary.contents["C:\\data\\a.zip"] = {{folder + "/" + name, "content"}};
     disk.file("C:\\data\\a.zip", "archive");
@@ -41,8 +41,7 @@ class FileActionsTest : public ResultsGridTest {
     select(2, 2);
   }
   void select(int from, int to) {
-    grid.setRow(from);
-    grid.setRowSel(to);
+    ResultsGridTest::select(from, to);
     grid.setCol(1);
     grid.setColSel(grid.cols() - 1);
   }
@@ -67,7 +66,6 @@ class FileActionsTest : public ResultsGridTest {
     return files;
   }
   bool isStruck(int row) const { return grid.cell(row, 1).strikeThrough; }
-  static int state(int file) { return FileTable.FileStatus[statusState][file].raw(); }
   static int tickOf(int file) { return FileTable.FileStatus[statusTick][file].raw(); }
 };
 

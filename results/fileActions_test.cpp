@@ -163,8 +163,8 @@ TEST_F(OpeningTest, FileWithoutADirectoryOfItsListIsAProcedureError) {
   basOpenDir(form);
   EXPECT_THAT(desk.opened, IsEmpty());
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basOpenFile'.  Reason: Subscript out of range(9).",
-                          "Procedure error in 'basOpenDir'.  Reason: Subscript out of range(9)."));
+              ElementsAre(procedureError("basOpenFile", "Subscript out of range(9)"),
+                          procedureError("basOpenDir", "Subscript out of range(9)")));
 }
 
 // Archives write what they will.

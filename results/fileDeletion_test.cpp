@@ -20,7 +20,7 @@ TEST_F(DeletionTest, SelectedFilesGoWithoutAQuestion) {
   EXPECT_EQ(dialogBoxes.beeps, 0);
   for (const int row : {2, 3}) {
     EXPECT_TRUE(isStruck(row));
-    EXPECT_EQ(state(row), fileState::deleted);
+    EXPECT_EQ(stateOf(row), fileState::deleted);
   }
   EXPECT_FALSE(isStruck(1));
   EXPECT_FALSE(isStruck(4));
@@ -145,7 +145,7 @@ TEST_F(DeletionTest, FileThatHasGoneIsLeftAsItIs) {
   select(2, 2);
   deleteSelected();
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
-  EXPECT_EQ(state(2), fileState::normal);
+  EXPECT_EQ(stateOf(2), fileState::normal);
   EXPECT_FALSE(isStruck(2));
 }
 
@@ -156,7 +156,7 @@ TEST_F(DeletionTest, DeletingTwiceDoesNothingMore) {
   deleteSelected();
   EXPECT_EQ(disk.count(DiskAction::remove, "C:\\music\\f2"), 1);
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
-  EXPECT_EQ(state(2), fileState::deleted);
+  EXPECT_EQ(stateOf(2), fileState::deleted);
 }
 
 TEST_F(DeletionTest, RefusalIsToldAndTheOthersGo) {
@@ -168,7 +168,7 @@ TEST_F(DeletionTest, RefusalIsToldAndTheOthersGo) {
   EXPECT_THAT(dialogBoxes.messages,
               ElementsAre("Unable to delete file C:\\music\\f2\r\nReason: Permission denied"));
   EXPECT_THAT(left(4), ElementsAre(2, 4));
-  EXPECT_EQ(state(2), fileState::normal);
+  EXPECT_EQ(stateOf(2), fileState::normal);
   EXPECT_EQ(tickOf(2), 1);
   EXPECT_FALSE(isStruck(2));
 }
@@ -252,7 +252,7 @@ TEST_F(DeletionTest, FileOfAnotherSizeOrDateStays) {
   EXPECT_THAT(dialogBoxes.messages, ElementsAre("Unable to delete file C:\\music\\f1" + reason,
                                                 "Unable to delete file C:\\music\\f2" + reason));
   EXPECT_THAT(left(4), ElementsAre(1, 2, 4));
-  EXPECT_EQ(state(1), fileState::normal);
+  EXPECT_EQ(stateOf(1), fileState::normal);
   EXPECT_FALSE(isStruck(1));
 }
 
@@ -364,7 +364,7 @@ TEST_F(DeletionTest, FileInAZipIsRefusedOnceAFile) {
   deleteSelected();
   EXPECT_THAT(dialogBoxes.messages, ElementsAre("Unable to delete from a zip file"));
   EXPECT_TRUE(disk.exists("C:\\data\\a.zip"));
-  EXPECT_EQ(state(2), fileState::normal);
+  EXPECT_EQ(stateOf(2), fileState::normal);
   EXPECT_TRUE(disk.exists("in\\song"));
 }
 
@@ -469,8 +469,7 @@ TEST_F(TickedDeletionTest, MoreThanTheCountHoldsDeletesNothing) {
   for (int file = 1; file <= 32768; ++file)
     tick(file);
   deleteTicked();
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basDeleteFile'.  Reason: Overflow(6)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("basDeleteFile", "Overflow(6)")));
   EXPECT_TRUE(onDisk(1));
   EXPECT_TRUE(grid.redraw());
 }

@@ -164,8 +164,8 @@ TEST_F(FileRowsTest, SecondLineBehindTheLastRowIsReported) {
   ResultsView = resultsView::twoLines;
   row = 9;
   display();
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basDisplayFileDetails'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basDisplayFileDetails", "Subscript out of range(9)")));
   EXPECT_EQ(grid.rows(), 10);
 }
 

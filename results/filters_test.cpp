@@ -57,11 +57,8 @@ class FiltersTest : public ResultsGridTest {
     ADD_FAILURE() << name;
     return 0;
   }
+  using ResultsGridTest::select;
   void select(const std::string& name) { select(rowOf(name), rowOf(name)); }
-  void select(int from, int to) {
-    grid.setRow(from);
-    grid.setRowSel(to);
-  }
   void filter(const std::string& name, const DialogValues& answered) {
     select(name);
     answer = answered;
@@ -135,8 +132,8 @@ TEST_F(FiltersTest, MenuDoesNotPopUpForAnEmptyRow) {
   select(12, 12);
   cmdFilter_Click(form);
   EXPECT_THAT(form.menus, IsEmpty());
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'cmdFilter_Click'.  Reason: "
-                                                "Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("cmdFilter_Click", "Subscript out of range(9)")));
 }
 
 TEST_F(FiltersTest, HiddenGridGetsNoFocus) {
@@ -526,8 +523,7 @@ TEST_F(FiltersTest, PairWithoutASecondSlotIsReported) {
   showData();
   pickPair(0, 1);
   EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'mnuFilterTwoDirs_Click'.  Reason: Subscript out of "
-                          "range(9)."));
+              ElementsAre(procedureError("mnuFilterTwoDirs_Click", "Subscript out of range(9)")));
   EXPECT_EQ(ProfileDirList[lastDirSlot].Dir, "c:\\data");
   EXPECT_THAT(tags(), ElementsAre("c:\\data", "c:\\database"));
 }

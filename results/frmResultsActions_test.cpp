@@ -509,8 +509,8 @@ TEST_F(ResultsDeletionTest, NothingTickedIsTold) {
 // page: the rows still to be deleted would then be other files.
 TEST_F(ResultsDeletionTest, PageStaysAsItIsWhileAMessageIsUp) {
   BusyDialogs busy;
-  usePlatform({&disk, &archiveLibrary, &busy, &desk, &eventLoop, &clock, &locale, &mainWindow,
-               &statusWindow, &window});
+  platform.dialogs = &busy;
+  usePlatform(platform);
   showFiles(150);
   press(Qt::Key_PageDown);
   dragCells(2, 4, 1);
@@ -530,8 +530,8 @@ TEST_F(ResultsDeletionTest, PageStaysAsItIsWhileAMessageIsUp) {
 // What works the controls without mouse and keyboard isn't held off by a message.
 TEST_F(ResultsDeletionTest, NothingElseIsDoneWhileAMessageIsUp) {
   BusyDialogs busy;
-  usePlatform({&disk, &archiveLibrary, &busy, &desk, &eventLoop, &clock, &locale, &mainWindow,
-               &statusWindow, &window});
+  platform.dialogs = &busy;
+  usePlatform(platform);
   showFiles(150);
   dragCells(2, 4, 1);
   const std::vector<std::string> chosen = {text(2, 1), text(3, 1), text(4, 1)};

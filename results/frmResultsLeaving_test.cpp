@@ -75,8 +75,8 @@ TEST_F(ResultsWindowTest, PreviousResultsShowTicksAndDeletionsAndCanBeWorkedOn) 
 class ResultsLeavingTest : public ResultsWindowTest {
  protected:
   ResultsLeavingTest() {
-    usePlatform({&disk, &archiveLibrary, &dialogBoxes, &desk, &eventLoop, &clock, &locale,
-                 &yieldingWindow, &statusWindow, &window});
+    platform.frmMain = &yieldingWindow;
+    usePlatform(platform);
   }
 
   class YieldingMainWindow : public ScriptedMainWindow {
@@ -173,7 +173,7 @@ class FailingStep : public QObject {
 class ResultsFailureTest : public ResultsLeavingTest {
  protected:
   static std::string report(const std::string& procedure) {
-    return "Procedure error in '" + procedure + "'.  Reason: Permission denied(70).";
+    return procedureError(procedure, "Permission denied(70)");
   }
   // Marks a control as changed by the program and lets the mark not be taken off.
   void breakMarkOf(QObject& control) {
@@ -234,8 +234,8 @@ TEST_F(ResultsFailureTest, StatusBarIsReported) {
   showFiles(4);
   control<PanelStatusBar>("sbarStatus").setPanelCount(1);
   press(Qt::Key_Home);
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basUpdateStatusBar'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basUpdateStatusBar", "Subscript out of range(9)")));
 }
 
 TEST_F(ResultsFailureTest, LeavingIsReported) {

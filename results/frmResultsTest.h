@@ -34,8 +34,8 @@ class ResultsWindowTest : public EngineTest {
  protected:
   ResultsWindowTest() {
     QCursor::setPos(farAway, farAway);  // Where it shows no help of its own.
-    usePlatform({&disk, &archiveLibrary, &dialogBoxes, &desk, &eventLoop, &clock, &locale,
-                 &mainWindow, &statusWindow, &window});
+    platform.frmResults = &window;
+    usePlatform(platform);
     ProfileName = "Music";
     ProfileSettings.ContentMatchingPercent = 100;
   }

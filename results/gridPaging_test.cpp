@@ -175,8 +175,8 @@ TEST_F(RegionTest, BarIsMovedUnheededAndHeededAgain) {
 
 TEST_F(RegionTest, OverflowIsReportedAndLeavesTheRegion) {
   EXPECT_THAT(after("POS", 30, 49, 2147483647), Pair(30, 49));
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basFillGrid_SetRegion'.  "
-                                                "Reason: Overflow(6)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basFillGrid_SetRegion", "Overflow(6)")));
 }
 
 using RoundUpTest = EngineTest;
@@ -198,9 +198,8 @@ TEST_F(RoundUpTest, FractionBeyondSinglePrecisionIsLost) {
 TEST_F(RoundUpTest, MoreThan32767IsReported) {
   EXPECT_EQ(basRoundUp(32767.5F), 0);
   EXPECT_EQ(basRoundUp(32768.0F), 0);
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basRoundUp'.  Reason: Overflow(6).",
-                          "Procedure error in 'basRoundUp'.  Reason: Overflow(6)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("basRoundUp", "Overflow(6)"),
+                                                procedureError("basRoundUp", "Overflow(6)")));
 }
 
 // 39 files in pages of 19.

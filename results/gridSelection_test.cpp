@@ -23,10 +23,6 @@ class SelectionTest : public ResultsGridTest {
     grid.setCol(col);
     gridMatches_Click(form);
   }
-  void select(int from, int to) {
-    grid.setRow(from);
-    grid.setRowSel(to);
-  }
   std::pair<int, int> rows() const { return {grid.row().raw(), grid.rowSel().raw()}; }
   std::pair<int, int> cols() const { return {grid.col().raw(), grid.colSel().raw()}; }
   static std::vector<int> ticked() {
@@ -88,8 +84,8 @@ TEST_F(RowAreaTest, RowThatIsNotThereIsReported) {
   build(3);
   Int32 row = 22;
   EXPECT_FALSE(basSelectedRowArea(row, grid).isFile());
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basSelectedRowArea'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basSelectedRowArea", "Subscript out of range(9)")));
 }
 
 using ClickTest = SelectionTest;
@@ -155,8 +151,8 @@ TEST_F(ClickTest, ClickOnAnEmptyRowBelowALongListIsReported) {
   build(30);
   for (const int col : {0, 1})
     click(20, col);
-  EXPECT_THAT(dialogBoxes.messages, testing::Each("Procedure error in 'gridMatches_Click'.  "
-                                                  "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              testing::Each(procedureError("gridMatches_Click", "Subscript out of range(9)")));
   EXPECT_THAT(dialogBoxes.messages, testing::SizeIs(2));
   EXPECT_THAT(ticked(), IsEmpty());
 }

@@ -124,8 +124,8 @@ TEST_F(TickTest, CurrentCellAndSelectionStay) {
 TEST_F(TickTest, FailureIsReportedAndLeavesTheTick) {
   ResultsView = resultsView::twoLines;
   basFlexCheckMark(file, grid, 9, 0, tickAction::tick);
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basFlexCheckMark'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basFlexCheckMark", "Subscript out of range(9)")));
   EXPECT_EQ(grid.cell(9, 0).picture, "BigTick1");
   EXPECT_EQ(tick(), 0);
   EXPECT_FALSE(grid.redraw());

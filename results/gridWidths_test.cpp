@@ -49,8 +49,8 @@ TEST_F(ResultsWidthTest, NarrowWindowLeavesNoNegativeWidth) {
 TEST_F(ResultsWidthTest, FailureIsReported) {
   grid.setCols(2);
   basSetGridWidth(form);
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basSetGridWidth'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basSetGridWidth", "Subscript out of range(9)")));
 }
 
 TEST_F(ResultsWidthTest, ButtonTurnsAutomaticWidthsOffAndOn) {
@@ -247,8 +247,8 @@ TEST_F(AutoWidthTest, TextBehindABoldOneIsMeasuredPlain) {
 
 TEST_F(AutoWidthTest, ColumnThatIsNotThereIsReported) {
   basAutoSetGridWidth(grid, 3, ruler, 480);
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basAutoSetGridWidth'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basAutoSetGridWidth", "Subscript out of range(9)")));
 }
 
 TEST_F(AutoWidthTest, ExpandedColumnMayBeLeftWithNothing) {

@@ -33,20 +33,6 @@ Groups groupsBy(std::string_view key) {
   return groups();
 }
 
-void buildSizes(const std::vector<int>& sizes) {
-  std::vector<CatalogueFile> files;
-  for (int size : sizes)
-    files.push_back({"file", "C:\\", size});
-  buildCatalogue(files);
-}
-
-void buildMatches(const std::vector<int>& numbers) {
-  std::vector<CatalogueFile> files;
-  for (int number : numbers)
-    files.push_back({"file", "C:\\", 1, number});
-  buildCatalogue(files);
-}
-
 void markRemoved(int file) {
   FileTable.FileStatus[statusState][file] = fileState::removed;
 }
@@ -92,9 +78,9 @@ TEST_F(MatchGroupIndexTest, OnlyARefreshCountsDuplicates) {
 }
 
 TEST_F(MatchGroupIndexTest, NewIndexReplacesTheOldOne) {
-  buildSizes({10, 20, 30, 40});
-  basSetupMatchGroupInfo("SIZE", startMode::newScan);
-  EXPECT_THAT(groupsBy("NAME"), ElementsAre(noGroup, Pair(1, 4)));
+  buildCatalogue({{"same", "C:\\", 10}, {"same", "C:\\", 20}, {"same", "C:\\", 30}});
+  EXPECT_THAT(groupsBy("SIZE"), ElementsAre(noGroup, Pair(1, 1), Pair(2, 1), Pair(3, 1)));
+  EXPECT_THAT(groupsBy("NAME"), ElementsAre(noGroup, Pair(1, 3)));
   EXPECT_EQ(MatchGroupCount, 1);
 }
 
@@ -205,8 +191,8 @@ TEST_F(MatchGroupIndexTest, FailureLeavesTheTableAsFarAsItGot) {
   buildCatalogue({{"a", "C:\\x"}, {"b", "C:\\y"}, {"c", "C:\\z"}});
   FileTable.FileDirNum[3] = 1'000'000;
   basSetupMatchGroupInfo("DIRECTORY", startMode::newScan);
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basSetupMatchGroupInfo'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basSetupMatchGroupInfo", "Subscript out of range(9)")));
   EXPECT_EQ(MatchGroupCount, 1);
   EXPECT_EQ(MatchGroupTable.upperBound(), 2000);
 }

@@ -166,8 +166,7 @@ TEST_F(FillGridTest, MorePagesThanCanBeCountedAreReportedAndThePageIsFilled) {
   build(100);
   FileCount = 32767 * 19 + 1;
   fill("PGDN");
-  EXPECT_THAT(dialogBoxes.messages,
-              ElementsAre("Procedure error in 'basRoundUp'.  Reason: Overflow(6)."));
+  EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("basRoundUp", "Overflow(6)")));
   EXPECT_EQ(lastOnPage(), 38);
   EXPECT_TRUE(grid.redraw());
 }
@@ -176,8 +175,8 @@ TEST_F(FillGridTest, FailureIsReportedAndLeavesTheGridAsItWas) {
   build(3);
   FilePointerArray.redim(1, false);
   fill("POS", 1);
-  EXPECT_THAT(dialogBoxes.messages, ElementsAre("Procedure error in 'basFillGrid'.  "
-                                                "Reason: Subscript out of range(9)."));
+  EXPECT_THAT(dialogBoxes.messages,
+              ElementsAre(procedureError("basFillGrid", "Subscript out of range(9)")));
   EXPECT_FALSE(grid.redraw());
 }
 

@@ -43,6 +43,10 @@ class ResultsGridTest : public EngineTest {
     basBuildWholeGrid(form, 0, 1);
   }
   void fill(std::string_view mode, int position = -1) { basFillGrid(form, mode, position); }
+  void select(int from, int to) {
+    grid.setRow(from);
+    grid.setRowSel(to);
+  }
 
   int cursor() const { return grid.row().raw(); }
   const std::string& text(int row, int col) const { return grid.cell(row, col).text; }

@@ -1,6 +1,5 @@
 #include "results/resultsGrid.h"
 
-#include "catalogue/fileTable.h"
 #include "core/scanState.h"
 #include "results/matchGroupIndex.h"
 #include "results/resultsGridTest.h"

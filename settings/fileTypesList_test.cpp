@@ -30,23 +30,23 @@ TEST_F(FileTypesListTest, OnlyTheFirstTenRowsAreListed) {
     FileTypeTable.FileTypeDescription[row] = "type";
   basBuildFileTypesList(list);
 
-  ASSERT_EQ(10U, list.items.size());
-  EXPECT_EQ(1, list.items.front().second);
-  EXPECT_EQ(10, list.items.back().second);
+  ASSERT_EQ(list.items.size(), 10U);
+  EXPECT_EQ(list.items.front().second, 1);
+  EXPECT_EQ(list.items.back().second, 10);
 }
 
 TEST_F(FileTypesListTest, LastItemOfARowGivesThePosition) {
   list.items = {{"a", 4}, {"b", 6}, {"c", 4}, {"d", 8}};
 
-  EXPECT_EQ(2, basGetSetFileTypePos(list, 4));
-  EXPECT_EQ(1, basGetSetFileTypePos(list, 6));
+  EXPECT_EQ(basGetSetFileTypePos(list, 4), 2);
+  EXPECT_EQ(basGetSetFileTypePos(list, 6), 1);
 }
 
 TEST_F(FileTypesListTest, PositionOfARowThatIsNotListedIsZero) {
   list.items = {{"a", 4}, {"b", 6}};
 
-  EXPECT_EQ(0, basGetSetFileTypePos(list, 5));
-  EXPECT_EQ(0, basGetSetFileTypePos(ScriptedList(), 5));
+  EXPECT_EQ(basGetSetFileTypePos(list, 5), 0);
+  EXPECT_EQ(basGetSetFileTypePos(ScriptedList(), 5), 0);
 }
 
 }  // namespace

@@ -78,10 +78,10 @@ class GlobalStoreTest : public ProfileStoreTest {
 TEST_F(GlobalStoreTest, GlobalSettingsThatAreReadAreWrittenTheSame) {
   EXPECT_TRUE(loadGlobal(fullGlobal));
 
-  EXPECT_EQ("*.ods", FileTypeTable.FileTypesList[50]);
-  EXPECT_EQ("Ann", ProfileList.ProfileNameList[32]);
-  EXPECT_EQ(fullGlobal, savedGlobal());
-  EXPECT_EQ(0, disk.openFiles());
+  EXPECT_EQ(FileTypeTable.FileTypesList[50], "*.ods");
+  EXPECT_EQ(ProfileList.ProfileNameList[32], "Ann");
+  EXPECT_EQ(savedGlobal(), fullGlobal);
+  EXPECT_EQ(disk.openFiles(), 0);
 }
 
 TEST_F(GlobalStoreTest, OnlyFileTypesWithAListAndProfilesWithANameAreSaved) {
@@ -93,10 +93,9 @@ TEST_F(GlobalStoreTest, OnlyFileTypesWithAListAndProfilesWithANameAreSaved) {
   ProfileList.ProfileNameList[0] = "zero";
 
   const std::string saved = savedGlobal();
-  EXPECT_EQ(
-      "FileTypeDescription\t2\t\tS\rFileTypesList\t2\t*.one\tS\r"
-      "ProfileNameList\t2\tBob\tS\rProfileDateList\t2\t\tS\r",
-      saved.substr(saved.find("FileTypeDescription")));
+  EXPECT_EQ(saved.substr(saved.find("FileTypeDescription")),
+            "FileTypeDescription\t2\t\tS\rFileTypesList\t2\t*.one\tS\r"
+            "ProfileNameList\t2\tBob\tS\rProfileDateList\t2\t\tS\r");
 }
 
 // The first run.
@@ -112,23 +111,23 @@ TEST_F(GlobalStoreTest, FirstRunWritesBothFilesByteForByte) {
       "IncludeExclude\t1\tI\tS\r"
       "IncludeExtensions\t1\t1\tS\r"
       "RecurseSubDirs\t1\tTrue\tB\r";
-  EXPECT_EQ(profile, disk.content(firstProfilePath));
-  EXPECT_EQ(firstGlobal, disk.content(globalPath));
+  EXPECT_EQ(disk.content(firstProfilePath), profile);
+  EXPECT_EQ(disk.content(globalPath), firstGlobal);
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
 TEST_F(GlobalStoreTest, FirstRunEndsWithoutACurrentProfile) {
   EXPECT_TRUE(basLoadProfile("GLOBAL"));
 
-  EXPECT_EQ("MyDocs", ProfileList.ProfileNameList[1]);
-  EXPECT_EQ("", ProfileName);
-  EXPECT_EQ("", ProfileSettings.Desc);
-  EXPECT_EQ("", ProfileDirList[1].Dir);
+  EXPECT_EQ(ProfileList.ProfileNameList[1], "MyDocs");
+  EXPECT_EQ(ProfileName, "");
+  EXPECT_EQ(ProfileSettings.Desc, "");
+  EXPECT_EQ(ProfileDirList[1].Dir, "");
 }
 
 TEST_F(GlobalStoreTest, FirstRunMakesTheTempDirectoryUnlessItIsThere) {
   basLoadProfile("GLOBAL");
-  EXPECT_EQ(0, disk.count(DiskAction::makeDirectory, "C:\\Quernstoke\\temp"));
+  EXPECT_EQ(disk.count(DiskAction::makeDirectory, "C:\\Quernstoke\\temp"), 0);
 
   disk.erase(globalPath);
   disk.erase("C:\\Quernstoke\\Temp");
@@ -155,9 +154,9 @@ TEST_F(GlobalStoreTest, GlobalDefaultsLeaveTheHelpPanelAndFurtherFileTypes) {
   basDefaultProfile("GLOBAL", "");
 
   EXPECT_TRUE(GlobalSettings.HelpPanel);
-  EXPECT_EQ("Mine", FileTypeTable.FileTypeDescription[6]);
-  EXPECT_EQ("Images", FileTypeTable.FileTypeDescription[5]);
-  EXPECT_EQ("Results.html", GlobalSettings.ResultsOutputFile);
+  EXPECT_EQ(FileTypeTable.FileTypeDescription[6], "Mine");
+  EXPECT_EQ(FileTypeTable.FileTypeDescription[5], "Images");
+  EXPECT_EQ(GlobalSettings.ResultsOutputFile, "Results.html");
 }
 
 TEST_F(GlobalStoreTest, ProfileDefaultsEmptyDirectoriesAndFilesButNotTheFileCount) {
@@ -165,11 +164,11 @@ TEST_F(GlobalStoreTest, ProfileDefaultsEmptyDirectoriesAndFilesButNotTheFileCoun
   buildCatalogue({{"a", "C:\\d"}});
   basDefaultProfile("PROFILE", "Bob");
 
-  EXPECT_EQ(0, FileTable.FileName.upperBound());
-  EXPECT_EQ(1, FileCount);
-  EXPECT_EQ("", ProfileDirList[128].Dir);
-  EXPECT_EQ("", ProfileDirList[1].Dir);
-  EXPECT_EQ("I0", ProfileDirList[1].IncludeExclude + ProfileDirList[1].IncludeExtensions);
+  EXPECT_EQ(FileTable.FileName.upperBound(), 0);
+  EXPECT_EQ(FileCount, 1);
+  EXPECT_EQ(ProfileDirList[128].Dir, "");
+  EXPECT_EQ(ProfileDirList[1].Dir, "");
+  EXPECT_EQ(ProfileDirList[1].IncludeExclude + ProfileDirList[1].IncludeExtensions, "I0");
   EXPECT_TRUE(ProfileDirList[1].RecurseSubDirs);
 }
 
@@ -179,11 +178,11 @@ TEST_F(GlobalStoreTest, DefaultsOfTheFirstProfileLeaveOtherDirectoriesAndFiles) 
   buildCatalogue({{"a", "C:\\d"}});
   basDefaultProfile("PROFILE", "MyDocs");
 
-  EXPECT_EQ(1000, FileTable.FileName.upperBound());
-  EXPECT_EQ("C:\\Photos\\Old", ProfileDirList[128].Dir);
-  EXPECT_EQ("C:\\Users\\Ann\\Documents", ProfileDirList[1].Dir);
-  EXPECT_EQ("My Documents", ProfileSettings.Desc);
-  EXPECT_EQ("C", ProfileSettings.MatchingCriteria);
+  EXPECT_EQ(FileTable.FileName.upperBound(), 1000);
+  EXPECT_EQ(ProfileDirList[128].Dir, "C:\\Photos\\Old");
+  EXPECT_EQ(ProfileDirList[1].Dir, "C:\\Users\\Ann\\Documents");
+  EXPECT_EQ(ProfileSettings.Desc, "My Documents");
+  EXPECT_EQ(ProfileSettings.MatchingCriteria, "C");
 }
 
 TEST_F(GlobalStoreTest, DefaultsOfAnyOtherModeAreNone) {
@@ -191,7 +190,7 @@ TEST_F(GlobalStoreTest, DefaultsOfAnyOtherModeAreNone) {
   basDefaultProfile("NEWPROFILE", "Bob");
   basDefaultProfile("", "Bob");
 
-  EXPECT_EQ(fullProfile, savedProfile());
+  EXPECT_EQ(savedProfile(), fullProfile);
 }
 
 // Loading.
@@ -200,9 +199,9 @@ TEST_F(GlobalStoreTest, DefaultsOfAnyOtherModeAreNone) {
 TEST_F(GlobalStoreTest, SettingsThatTheGlobalFileLacksArePreset) {
   EXPECT_TRUE(loadGlobal(""));
 
-  EXPECT_EQ("results.html", GlobalSettings.ResultsOutputFile);
-  EXPECT_EQ("HTML", GlobalSettings.ResultsOutputFormat);
-  EXPECT_EQ("C:\\Quernstoke", GlobalSettings.ResultsOutputDirectory);
+  EXPECT_EQ(GlobalSettings.ResultsOutputFile, "results.html");
+  EXPECT_EQ(GlobalSettings.ResultsOutputFormat, "HTML");
+  EXPECT_EQ(GlobalSettings.ResultsOutputDirectory, "C:\\Quernstoke");
   EXPECT_THAT(GlobalSettings.ResultsBlockIndicator, ElementsAre("", "", "#"));
   EXPECT_TRUE(GlobalSettings.ResultsLaunch);
   EXPECT_TRUE(GlobalSettings.ResultsNumberEachBlock);
@@ -215,23 +214,23 @@ TEST_F(GlobalStoreTest, OtherSettingsThatTheGlobalFileLacksStay) {
   FileTypeTable.FileTypesList[7] = "*.mine";
   EXPECT_TRUE(loadGlobal("NumberOfFileBuffers\t0\t9\tN\r"));
 
-  EXPECT_EQ(9, GlobalSettings.NumberOfFileBuffers);
-  EXPECT_EQ(4096, GlobalSettings.FileBufferSize);
-  EXPECT_EQ("D:\\scratch", GlobalSettings.TempPath);
-  EXPECT_EQ("*.mine", FileTypeTable.FileTypesList[7]);
+  EXPECT_EQ(GlobalSettings.NumberOfFileBuffers, 9);
+  EXPECT_EQ(GlobalSettings.FileBufferSize, 4096);
+  EXPECT_EQ(GlobalSettings.TempPath, "D:\\scratch");
+  EXPECT_EQ(FileTypeTable.FileTypesList[7], "*.mine");
 }
 
 TEST_F(GlobalStoreTest, UnknownKeyInTheGlobalFilePassesWithoutAWord) {
   EXPECT_TRUE(loadGlobal("Colour\t0\tred\tS\rFileBufferSize\t0\t9\tN\r"));
 
-  EXPECT_EQ(9, GlobalSettings.FileBufferSize);
+  EXPECT_EQ(GlobalSettings.FileBufferSize, 9);
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
 TEST_F(GlobalStoreTest, LettersInANumberOfTheGlobalFileAreTold) {
   EXPECT_TRUE(loadGlobal("FileBufferSize\t0\tbig\tN\r"));
 
-  EXPECT_EQ(0, GlobalSettings.FileBufferSize);
+  EXPECT_EQ(GlobalSettings.FileBufferSize, 0);
   EXPECT_THAT(dialogBoxes.messages,
               ElementsAre("Config setting FileBufferSize is not numeric, zero used"));
 }
@@ -241,7 +240,7 @@ TEST_F(GlobalStoreTest, NumericGlobalSettingInATextRecordIsZero) {
   GlobalSettings.TransferMaxDiskSpace = 50;
   EXPECT_TRUE(loadGlobal("FileBufferSize\t0\t77\tN\rTransferMaxDiskSpace\t0\t9\tS\r"));
 
-  EXPECT_EQ(0, GlobalSettings.TransferMaxDiskSpace);
+  EXPECT_EQ(GlobalSettings.TransferMaxDiskSpace, 0);
 }
 
 TEST_F(GlobalStoreTest, GlobalIndexOutsideItsTableEndsTheLoad) {
@@ -254,7 +253,7 @@ TEST_F(GlobalStoreTest, GlobalIndexOutsideItsTableEndsTheLoad) {
     GlobalSettings.TempPath.clear();
 
     EXPECT_FALSE(loadGlobal(record + std::string("TempPath\t0\tbehind\tS\r")));
-    EXPECT_EQ("", GlobalSettings.TempPath);
+    EXPECT_EQ(GlobalSettings.TempPath, "");
     EXPECT_THAT(dialogBoxes.messages,
                 ElementsAre(procedureError("basLoadProfile", "Subscript out of range(9)")));
   }
@@ -264,7 +263,7 @@ TEST_F(GlobalStoreTest, BadValueInTheGlobalFileEndsTheLoadWithTheFileOpen) {
   EXPECT_FALSE(loadGlobal("HelpPanel\t0\tperhaps\tB\r"));
   EXPECT_FALSE(loadGlobal("FileBufferSize\t0\t3000000000\tN\r"));
 
-  EXPECT_EQ(2, disk.openFiles());
+  EXPECT_EQ(disk.openFiles(), 2);
   EXPECT_THAT(dialogBoxes.messages,
               ElementsAre(procedureError("basLoadProfile", "Type mismatch(13)"),
                           procedureError("basLoadProfile", "Overflow(6)")));

@@ -1,5 +1,5 @@
-#include "core/startUpState.h"
 #include "settings/profileStoreTest.h"
+#include "testing/startUpState.h"
 
 namespace quernstoke {
 namespace {
@@ -19,9 +19,9 @@ class ProfileLoadTest : public ProfileStoreTest {
 
     EXPECT_FALSE(loadProfile("Desc\t0\tbefore\tS\r" + badRecord + "MatchingCriteria\t0\tN\tS\r"));
     EXPECT_THAT(dialogBoxes.messages, ElementsAre(procedureError("basLoadProfile", reason)));
-    EXPECT_EQ("before", ProfileSettings.Desc);
-    EXPECT_EQ("", ProfileSettings.MatchingCriteria);
-    EXPECT_EQ(openBefore + 1, disk.openFiles());
+    EXPECT_EQ(ProfileSettings.Desc, "before");
+    EXPECT_EQ(ProfileSettings.MatchingCriteria, "");
+    EXPECT_EQ(disk.openFiles(), openBefore + 1);
   }
 };
 
@@ -31,8 +31,8 @@ TEST_F(ProfileLoadTest, MissingProfileChangesNothing) {
 
   EXPECT_FALSE(basLoadProfile("PROFILE"));
   EXPECT_FALSE(basLoadProfile(""));
-  EXPECT_EQ("", GlobalSettings.TempPath);
-  EXPECT_EQ(fullProfile, savedProfile());
+  EXPECT_EQ(GlobalSettings.TempPath, "");
+  EXPECT_EQ(savedProfile(), fullProfile);
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
@@ -41,8 +41,8 @@ TEST_F(ProfileLoadTest, EmptyModeLoadsBoth) {
   disk.file(profilePath, fullProfile);
 
   EXPECT_TRUE(basLoadProfile(""));
-  EXPECT_EQ("NCS", ProfileSettings.MatchingCriteria);
-  EXPECT_EQ("D:\\scratch", GlobalSettings.TempPath);
+  EXPECT_EQ(ProfileSettings.MatchingCriteria, "NCS");
+  EXPECT_EQ(GlobalSettings.TempPath, "D:\\scratch");
 }
 
 TEST_F(ProfileLoadTest, LoadingInAnyOtherModeDoesNothingAndSucceeds) {
@@ -56,38 +56,38 @@ TEST_F(ProfileLoadTest, LoadingEmptiesTheDirectoriesButKeepsSettingsThatTheFileL
   fillProfileSettings();
   EXPECT_TRUE(loadProfile("MinimumSize\t0\t9\tN\rDir\t2\tC:\\b\tS\r"));
 
-  EXPECT_EQ("", ProfileDirList[1].Dir);
-  EXPECT_EQ("C:\\b", ProfileDirList[2].Dir);
-  EXPECT_EQ(9, ProfileSettings.MinimumSize);
-  EXPECT_EQ("NCS", ProfileSettings.MatchingCriteria);
+  EXPECT_EQ(ProfileDirList[1].Dir, "");
+  EXPECT_EQ(ProfileDirList[2].Dir, "C:\\b");
+  EXPECT_EQ(ProfileSettings.MinimumSize, 9);
+  EXPECT_EQ(ProfileSettings.MatchingCriteria, "NCS");
 }
 
 TEST_F(ProfileLoadTest, UnknownKeyIsToldAndTheOthersLoad) {
   EXPECT_TRUE(loadProfile("Colour\t0\tred\tS\rMinimumSize\t0\t9\tN\r"));
 
-  EXPECT_EQ(9, ProfileSettings.MinimumSize);
+  EXPECT_EQ(ProfileSettings.MinimumSize, 9);
   EXPECT_THAT(dialogBoxes.messages, ElementsAre("Invalid config setting Colour data ignored"));
 }
 
 TEST_F(ProfileLoadTest, KeysCountByLetterCase) {
   EXPECT_TRUE(loadProfile("minimumsize\t0\t9\tN\r"));
 
-  EXPECT_EQ(0, ProfileSettings.MinimumSize);
+  EXPECT_EQ(ProfileSettings.MinimumSize, 0);
   EXPECT_THAT(dialogBoxes.messages, ElementsAre("Invalid config setting minimumsize data ignored"));
 }
 
 TEST_F(ProfileLoadTest, EmptyKeyIsPassedOverWithoutAWord) {
   EXPECT_TRUE(loadProfile("\r\t0\tx\tS\rMinimumSize\t0\t9\tN\r"));
 
-  EXPECT_EQ(9, ProfileSettings.MinimumSize);
+  EXPECT_EQ(ProfileSettings.MinimumSize, 9);
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
 TEST_F(ProfileLoadTest, FileWithLineFeedsKeepsItsFirstSettingOnly) {
   EXPECT_TRUE(loadProfile("Desc\t0\tedited\tS\r\nMinimumSize\t0\t9\tN\r\n"));
 
-  EXPECT_EQ("edited", ProfileSettings.Desc);
-  EXPECT_EQ(0, ProfileSettings.MinimumSize);
+  EXPECT_EQ(ProfileSettings.Desc, "edited");
+  EXPECT_EQ(ProfileSettings.MinimumSize, 0);
   EXPECT_THAT(dialogBoxes.messages,
               ElementsAre("Invalid config setting \nMinimumSize data ignored"));
 }
@@ -101,19 +101,19 @@ TEST_F(ProfileLoadTest, FileCutAnywhereLoadsTheRecordsThatAreWhole) {
     ProfileName = "Ann";
     ASSERT_TRUE(loadProfile(fullProfile.substr(0, length)));
     const bool hasCriteria = length >= fullProfile.find("ProcessZip");
-    ASSERT_EQ(hasCriteria ? "NCS" : "", ProfileSettings.MatchingCriteria) << length;
-    ASSERT_EQ(0, ProfileSettings.NumDuplicates) << length;
+    ASSERT_EQ(ProfileSettings.MatchingCriteria, hasCriteria ? "NCS" : "") << length;
+    ASSERT_EQ(ProfileSettings.NumDuplicates, 0) << length;
   }
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
-  EXPECT_EQ(0, disk.openFiles());
+  EXPECT_EQ(disk.openFiles(), 0);
 }
 
 TEST_F(ProfileLoadTest, LettersInANumberAreToldAndCountAsZero) {
   ProfileSettings.MinimumSize = 5;
   EXPECT_TRUE(loadProfile("MinimumSize\t0\t12x\tN\rMaximumSize\t0\t9\tN\r"));
 
-  EXPECT_EQ(0, ProfileSettings.MinimumSize);
-  EXPECT_EQ(9, ProfileSettings.MaximumSize);
+  EXPECT_EQ(ProfileSettings.MinimumSize, 0);
+  EXPECT_EQ(ProfileSettings.MaximumSize, 9);
   EXPECT_THAT(dialogBoxes.messages,
               ElementsAre("Config setting MinimumSize is not numeric, zero used"));
 }
@@ -134,23 +134,23 @@ TEST_F(ProfileLoadTest, NumericSettingInATextRecordTakesTheNumberReadBefore) {
                   "MaximumSize\t0\t9\tS\r"
                   "RunMode\t0\t9\tB\r"));
 
-  EXPECT_EQ(0, ProfileSettings.MinimumSize);
-  EXPECT_EQ(77, ProfileSettings.MaximumSize);
-  EXPECT_EQ(77, ProfileSettings.RunMode);
+  EXPECT_EQ(ProfileSettings.MinimumSize, 0);
+  EXPECT_EQ(ProfileSettings.MaximumSize, 77);
+  EXPECT_EQ(ProfileSettings.RunMode, 77);
 }
 
 TEST_F(ProfileLoadTest, NumberFromAnEarlierFileIsForgotten) {
   loadProfile("MinimumSize\t0\t9\tN\r");
   loadProfile("MinimumSize\t0\t5\tS\r");
 
-  EXPECT_EQ(0, ProfileSettings.MinimumSize);
+  EXPECT_EQ(ProfileSettings.MinimumSize, 0);
 }
 
 TEST_F(ProfileLoadTest, ElapsedTimeBecomesAWholeNumber) {
   loadProfile("ElapsedTime\t0\t13.5\tN\r");
-  EXPECT_EQ(14, ProfileSettings.ElapsedTime);
+  EXPECT_EQ(ProfileSettings.ElapsedTime, 14);
   loadProfile("ElapsedTime\t0\t12.5\tN\r");
-  EXPECT_EQ(12, ProfileSettings.ElapsedTime);
+  EXPECT_EQ(ProfileSettings.ElapsedTime, 12);
 }
 
 TEST_F(ProfileLoadTest, NumberTooLargeForItsFieldEndsTheLoadWithTheFileOpen) {
@@ -191,8 +191,8 @@ TEST_F(ProfileLoadTest, DirectoryIndexOutsideTheSlotsEndsTheLoad) {
 TEST_F(ProfileLoadTest, IndexThatIsNoNumberIsToldAndReadsAsZero) {
   EXPECT_TRUE(loadProfile("Dir\tone\tC:\\a\tS\rDir\t2\tC:\\b\tS\r"));
 
-  EXPECT_EQ("C:\\a", ProfileDirList[0].Dir);
-  EXPECT_EQ("C:\\b", ProfileDirList[2].Dir);
+  EXPECT_EQ(ProfileDirList[0].Dir, "C:\\a");
+  EXPECT_EQ(ProfileDirList[2].Dir, "C:\\b");
   EXPECT_THAT(dialogBoxes.messages,
               ElementsAre(procedureError("basConfigRead", "Type mismatch(13)")));
 }
@@ -202,7 +202,7 @@ TEST_F(ProfileLoadTest, FileThatMayOnlyBeReadLoads) {
   disk.setAttributes(profilePath, attributeReadOnly);
 
   EXPECT_TRUE(basLoadProfile("PROFILE"));
-  EXPECT_EQ("NCS", ProfileSettings.MatchingCriteria);
+  EXPECT_EQ(ProfileSettings.MatchingCriteria, "NCS");
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
@@ -211,8 +211,8 @@ TEST_F(ProfileLoadTest, FileThatMayNotBeReadIsToldAfterTheDirectoriesWereEmptied
   disk.failOn(DiskAction::open, profilePath, FailureNumber::permissionDenied);
 
   EXPECT_FALSE(loadProfile(fullProfile));
-  EXPECT_EQ("", ProfileDirList[1].Dir);
-  EXPECT_EQ("NCS", ProfileSettings.MatchingCriteria);
+  EXPECT_EQ(ProfileDirList[1].Dir, "");
+  EXPECT_EQ(ProfileSettings.MatchingCriteria, "NCS");
   EXPECT_THAT(dialogBoxes.messages,
               ElementsAre(procedureError("basLoadProfile", "Permission denied(70)")));
 }
@@ -224,15 +224,15 @@ TEST_F(ProfileLoadTest, LostDiskEndsTheLoad) {
 
   EXPECT_FALSE(loadProfile("Desc\t0\ta\tS\r"));
 
-  EXPECT_EQ(procedureError("basLoadProfile", "Device I/O error(57)"), dialogBoxes.messages.back());
+  EXPECT_EQ(dialogBoxes.messages.back(), procedureError("basLoadProfile", "Device I/O error(57)"));
 }
 
 TEST_F(ProfileLoadTest, FailedReadCostsOneRecord) {
   disk.failOn(DiskAction::read, profilePath, FailureNumber::deviceError, 3);
 
   EXPECT_TRUE(loadProfile("Desc\t0\ta\tS\rMinimumSize\t0\t9\tN\r"));
-  EXPECT_EQ("", ProfileSettings.Desc);
-  EXPECT_EQ(9, ProfileSettings.MinimumSize);
+  EXPECT_EQ(ProfileSettings.Desc, "");
+  EXPECT_EQ(ProfileSettings.MinimumSize, 9);
   EXPECT_THAT(dialogBoxes.messages,
               ElementsAre(procedureError("basConfigRead", "Device I/O error(57)"),
                           "Invalid config setting sc data ignored"));

@@ -92,10 +92,6 @@ inline void fillProfileSettings() {
   ProfileDirList[128] = {"C:\\Photos\\Old", "E", "5", false};
 }
 
-inline std::string procedureError(const std::string& name, const std::string& reason) {
-  return "Procedure error in '" + name + "'.  Reason: " + reason + ".";
-}
-
 // Saving and loading with Ann as the current profile.
 class ProfileStoreTest : public EngineTest {
  protected:

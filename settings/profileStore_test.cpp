@@ -15,23 +15,23 @@ using testing::SizeIs;
 TEST_F(ProfileStoreTest, NewProfileIsWrittenWithItsDefaults) {
   makeProfile("Ann");
 
-  EXPECT_EQ(newProfile, disk.content(profilePath));
-  EXPECT_EQ(0, disk.openFiles());
+  EXPECT_EQ(disk.content(profilePath), newProfile);
+  EXPECT_EQ(disk.openFiles(), 0);
 }
 
 TEST_F(ProfileStoreTest, ProfileIsWrittenByteForByte) {
   fillProfileSettings();
 
-  EXPECT_EQ(fullProfile, savedProfile());
+  EXPECT_EQ(savedProfile(), fullProfile);
 }
 
 TEST_F(ProfileStoreTest, ProfileThatIsReadIsWrittenTheSame) {
   EXPECT_TRUE(loadProfile(fullProfile));
 
-  EXPECT_EQ("C:\\Photos\\Old", ProfileDirList[128].Dir);
-  EXPECT_EQ(fullProfile, savedProfile());
+  EXPECT_EQ(ProfileDirList[128].Dir, "C:\\Photos\\Old");
+  EXPECT_EQ(savedProfile(), fullProfile);
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
-  EXPECT_EQ(0, disk.openFiles());
+  EXPECT_EQ(disk.openFiles(), 0);
 }
 
 // The restart record and the elapsed time of the profile used before go into the new one.
@@ -55,10 +55,10 @@ TEST_F(ProfileStoreTest, NewProfileTakesTheFirstFreeSlotOfTheListWithoutADate) {
   std::string mode = "NEWPROFILE";
   basSaveProfile(mode);
 
-  EXPECT_EQ("PROFILE", mode);
-  EXPECT_EQ("Ann", ProfileList.ProfileNameList[2]);
-  EXPECT_EQ("", ProfileList.ProfileDateList[2]);
-  EXPECT_EQ("", ProfileList.ProfileNameList[3]);
+  EXPECT_EQ(mode, "PROFILE");
+  EXPECT_EQ(ProfileList.ProfileNameList[2], "Ann");
+  EXPECT_EQ(ProfileList.ProfileDateList[2], "");
+  EXPECT_EQ(ProfileList.ProfileNameList[3], "");
   EXPECT_FALSE(disk.exists(globalPath));
 }
 
@@ -67,9 +67,9 @@ TEST_F(ProfileStoreTest, NewProfileBeyondTheListHasAFileButNoSlot) {
     ProfileList.ProfileNameList[slot] = "taken";
   makeProfile("Ann");
 
-  EXPECT_EQ(newProfile, disk.content(profilePath));
+  EXPECT_EQ(disk.content(profilePath), newProfile);
   for (Int32 slot = 0; slot <= lastProfileSlot; ++slot)
-    EXPECT_EQ(slot == 0 ? "" : "taken", ProfileList.ProfileNameList[slot]);
+    EXPECT_EQ(ProfileList.ProfileNameList[slot], slot == 0 ? "" : "taken");
 }
 
 // Saving skips an empty slot and goes on behind it; so the gap is there again after loading.
@@ -124,7 +124,7 @@ TEST_F(ProfileStoreTest, SavingBothWithoutAProfileWritesANamelessOne) {
 TEST_F(ProfileStoreTest, NothingOfALongerOldFileRemains) {
   disk.file(profilePath, std::string(10000, '~'));
 
-  EXPECT_EQ(std::string::npos, savedProfile().find('~'));
+  EXPECT_EQ(savedProfile().find('~'), std::string::npos);
 }
 
 // There is no temporary file: the old settings are gone before the new ones are on disk.
@@ -136,10 +136,10 @@ TEST_F(ProfileStoreTest, FullDiskLeavesTheRecordsThatFittedAndTellsOfEachOther) 
   disk.freeBytes = static_cast<std::int64_t>(fitting.size());
   makeProfile("Ann");
 
-  EXPECT_EQ(fitting, disk.content(profilePath));
+  EXPECT_EQ(disk.content(profilePath), fitting);
   EXPECT_THAT(dialogBoxes.messages, SizeIs(18));
   EXPECT_THAT(dialogBoxes.messages, Each(procedureError("basConfigWrite", "Disk full(61)")));
-  EXPECT_EQ(0, disk.openFiles());
+  EXPECT_EQ(disk.openFiles(), 0);
 }
 
 TEST_F(ProfileStoreTest, RecordThatCouldNotBeWrittenIsMissingAlone) {
@@ -149,7 +149,7 @@ TEST_F(ProfileStoreTest, RecordThatCouldNotBeWrittenIsMissingAlone) {
   std::string without = newProfile;
   const std::string missing = "MatchingCriteria\t0\tC\tS\r";
   without.erase(without.find(missing), missing.size());
-  EXPECT_EQ(without, disk.content(profilePath));
+  EXPECT_EQ(disk.content(profilePath), without);
   EXPECT_THAT(dialogBoxes.messages,
               ElementsAre(procedureError("basConfigWrite", "Device I/O error(57)")));
 }
@@ -169,7 +169,7 @@ TEST_F(ProfileStoreTest, ReadOnlyFileStaysAsItIs) {
   disk.setAttributes(profilePath, attributeReadOnly);
   makeProfile("Ann");
 
-  EXPECT_EQ(fullProfile, disk.content(profilePath));
+  EXPECT_EQ(disk.content(profilePath), fullProfile);
   EXPECT_THAT(dialogBoxes.messages,
               ElementsAre(procedureError("basSaveProfile", "Path/File access error(75)")));
 }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/procedure.h"
+#include "testing/expectFailure.h"
 
 namespace quernstoke {
 namespace {
@@ -13,10 +13,10 @@ TEST(SettingFields, KindOfTheVariableGivesTypeAndText) {
   Int16 small = -1;
   Int32 large = 70000;
 
-  EXPECT_EQ("S MB", typeOf(&text) + " " + textOf(&text));
-  EXPECT_EQ("B True", typeOf(&truth) + " " + textOf(&truth));
-  EXPECT_EQ("N -1", typeOf(&small) + " " + textOf(&small));
-  EXPECT_EQ("N 70000", typeOf(&large) + " " + textOf(&large));
+  EXPECT_EQ(typeOf(&text) + " " + textOf(&text), "S MB");
+  EXPECT_EQ(typeOf(&truth) + " " + textOf(&truth), "B True");
+  EXPECT_EQ(typeOf(&small) + " " + textOf(&small), "N -1");
+  EXPECT_EQ(typeOf(&large) + " " + textOf(&large), "N 70000");
 }
 
 TEST(SettingFields, TextAndTruthTakeTheValueAndNumbersTheNumber) {
@@ -29,24 +29,24 @@ TEST(SettingFields, TextAndTruthTakeTheValueAndNumbersTheNumber) {
   assign(&small, "True", -32768);
   assign(&large, "True", 70000);
 
-  EXPECT_EQ("True", text);
+  EXPECT_EQ(text, "True");
   EXPECT_TRUE(truth);
-  EXPECT_EQ(-32768, small);
-  EXPECT_EQ(70000, large);
+  EXPECT_EQ(small, -32768);
+  EXPECT_EQ(large, 70000);
 }
 
 TEST(SettingFields, NumberTooLargeForTheVariableFails) {
   Int16 small = 5;
 
-  EXPECT_EQ(6, ignoringFailure([&] { assign(&small, "", 32768); }));
-  EXPECT_EQ(6, ignoringFailure([&] { assign(&small, "", -32769); }));
-  EXPECT_EQ(5, small);
+  EXPECT_FAILURE(overflow, assign(&small, "", 32768));
+  EXPECT_FAILURE(overflow, assign(&small, "", -32769));
+  EXPECT_EQ(small, 5);
 }
 
 TEST(SettingFields, TextThatSaysNeitherTrueNorFalseFails) {
   bool truth = true;
 
-  EXPECT_EQ(13, ignoringFailure([&] { assign(&truth, "perhaps", 0); }));
+  EXPECT_FAILURE(typeMismatch, assign(&truth, "perhaps", 0));
   EXPECT_TRUE(truth);
 }
 

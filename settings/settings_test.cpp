@@ -9,8 +9,8 @@ using SettingsTest = EngineTest;
 
 // No procedure allocates it before the settings of the installation are read into it.
 TEST_F(SettingsTest, ProfileListHasItsSlotsFromTheStart) {
-  EXPECT_EQ(32, ProfileList.ProfileNameList.upperBound());
-  EXPECT_EQ(32, ProfileList.ProfileDateList.upperBound());
+  EXPECT_EQ(ProfileList.ProfileNameList.upperBound(), 32);
+  EXPECT_EQ(ProfileList.ProfileDateList.upperBound(), 32);
 }
 
 TEST_F(SettingsTest, AllocatingMakesTheSlots) {
@@ -20,9 +20,9 @@ TEST_F(SettingsTest, AllocatingMakesTheSlots) {
   allocateProfileDirList();
   allocateFileTypeTable();
 
-  EXPECT_EQ(128, ProfileDirList.upperBound());
-  EXPECT_EQ(50, FileTypeTable.FileTypeDescription.upperBound());
-  EXPECT_EQ(50, FileTypeTable.FileTypesList.upperBound());
+  EXPECT_EQ(ProfileDirList.upperBound(), 128);
+  EXPECT_EQ(FileTypeTable.FileTypeDescription.upperBound(), 50);
+  EXPECT_EQ(FileTypeTable.FileTypesList.upperBound(), 50);
 }
 
 TEST_F(SettingsTest, AllocatingEmptiesEverySlot) {
@@ -33,25 +33,25 @@ TEST_F(SettingsTest, AllocatingEmptiesEverySlot) {
   allocateFileTypeTable();
 
   const DirSpec& slot = ProfileDirList[128];
-  EXPECT_EQ("", slot.Dir + slot.IncludeExclude + slot.IncludeExtensions);
+  EXPECT_EQ(slot.Dir + slot.IncludeExclude + slot.IncludeExtensions, "");
   EXPECT_FALSE(slot.RecurseSubDirs);
-  EXPECT_EQ("", FileTypeTable.FileTypeDescription[50] + FileTypeTable.FileTypesList[50]);
+  EXPECT_EQ(FileTypeTable.FileTypeDescription[50] + FileTypeTable.FileTypesList[50], "");
 }
 
-TEST_F(SettingsTest, FirstFreeSlotIsBehindTheFirst) {
+TEST_F(SettingsTest, FirstGapFromSlotOneUpwardIsFree) {
   allocateProfileDirList();
-  EXPECT_EQ(1, firstFreeDirSlot());
+  EXPECT_EQ(firstFreeDirSlot(), 1);
   ProfileDirList[1].Dir = ProfileDirList[3].Dir = "C:\\a";
-  EXPECT_EQ(2, firstFreeDirSlot());
-  EXPECT_EQ(128, ProfileDirList.upperBound());
+  EXPECT_EQ(firstFreeDirSlot(), 2);
+  EXPECT_EQ(ProfileDirList.upperBound(), 128);
 }
 
 TEST_F(SettingsTest, ListWithoutAFreeSlotGrows) {
   ProfileDirList.redim(1, false);
   ProfileDirList[1].Dir = "C:\\a";
-  EXPECT_EQ(2, firstFreeDirSlot());
-  EXPECT_EQ(2 + 65, ProfileDirList.upperBound());
-  EXPECT_EQ("C:\\a", ProfileDirList[1].Dir);
+  EXPECT_EQ(firstFreeDirSlot(), 2);
+  EXPECT_EQ(ProfileDirList.upperBound(), 2 + 65);
+  EXPECT_EQ(ProfileDirList[1].Dir, "C:\\a");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "catalogue/fileTable.h"
 #include "core/modMain.h"
 #include "core/scanState.h"
+#include "results/matchGroupIndex.h"
 #include "settings/profileStore.h"
 #include "settings/settings.h"
 
@@ -35,6 +36,10 @@ std::vector<std::string> EngineTest::logLines() const {
   return lines;
 }
 
+std::string procedureError(const std::string& name, const std::string& reason) {
+  return "Procedure error in '" + name + "'.  Reason: " + reason + ".";
+}
+
 void buildCatalogue(const std::vector<CatalogueFile>& files) {
   FileCount = 0;
   DirCount = 0;
@@ -51,11 +56,37 @@ void buildCatalogue(const std::vector<CatalogueFile>& files) {
   RunState = stateBefore;
 }
 
+void buildSizes(const std::vector<int>& sizes) {
+  std::vector<CatalogueFile> files;
+  for (const int size : sizes)
+    files.push_back({std::string(1, static_cast<char>('a' + files.size())), "C:\\", size});
+  buildCatalogue(files);
+}
+
+void buildMatches(const std::vector<int>& numbers) {
+  buildSizes(std::vector<int>(numbers.size(), 1));
+  for (std::size_t i = 0; i < numbers.size(); ++i)
+    FileTable.FileStatus[statusMatch][i + 1] = numbers[i];
+}
+
+void groupAll() {
+  MatchGroupTable.redim(1, false);
+  MatchGroupTable[1] = {1, FileCount};
+  MatchGroupCount = 1;
+}
+
 std::vector<std::string> fileNames() {
   std::vector<std::string> names;
   for (Int32 file = 1; file <= FileCount; ++file)
     names.emplace_back(FileTable.FileName[file]);
   return names;
+}
+
+std::vector<std::string> filePaths() {
+  std::vector<std::string> paths;
+  for (Int32 file = 1; file <= FileCount; ++file)
+    paths.push_back(basGetDirnameFromFilenum(file) + "\\" + std::string(FileTable.FileName[file]));
+  return paths;
 }
 
 namespace {
@@ -75,6 +106,17 @@ std::vector<int> fileSizes() {
 
 std::vector<int> matchNumbers() {
   return columnValues(FileTable.FileStatus[statusMatch]);
+}
+
+int stateOf(Int32 file) {
+  return FileTable.FileStatus[statusState][file].raw();
+}
+
+std::vector<std::string> directoryNames() {
+  std::vector<std::string> names;
+  for (Int32 row = 1; row <= DirCount; ++row)
+    names.push_back(DirTable[row].name);
+  return names;
 }
 
 }  // namespace quernstoke

@@ -25,6 +25,9 @@ class EngineTest : public testing::Test, protected StandIns {
   std::vector<std::string> logLines() const;
 };
 
+// The words of a procedure that reports a failure; the reason has the failure's number behind it.
+std::string procedureError(const std::string& name, const std::string& reason);
+
 // One row for a catalogue built by hand.
 struct CatalogueFile {
   std::string name;
@@ -36,10 +39,20 @@ struct CatalogueFile {
 // Fills the catalogue with these files, in this order; directories get rows as they come up. The
 // sizes of the arrays are those of a new scan.
 void buildCatalogue(const std::vector<CatalogueFile>& files);
+// Likewise with files "a", "b", "c"... of these sizes, or with these match numbers.
+void buildSizes(const std::vector<int>& sizes);
+void buildMatches(const std::vector<int>& numbers);
+// Makes all files of the catalogue one group.
+void groupAll();
 
-// The names of the files of the catalogue, and a status column or the sizes, in their order.
+// The names or paths of the files of the catalogue, and a status column or the sizes, in their
+// order.
 std::vector<std::string> fileNames();
+std::vector<std::string> filePaths();
 std::vector<int> fileSizes();
 std::vector<int> matchNumbers();
+int stateOf(Int32 file);
+// The names of the directories of the catalogue, in the order of their rows.
+std::vector<std::string> directoryNames();
 
 }  // namespace quernstoke

@@ -22,16 +22,14 @@
 #include "core/modMain.h"
 #include "core/scanDriver.h"
 #include "core/scanState.h"
-#include "core/startUpState.h"
 #include "mainui/profileSelection.h"
 #include "settings/profileStore.h"
 #include "settings/settings.h"
-#include "testing/standIns.h"
+#include "testing/engineTest.h"
 
 namespace quernstoke {
 namespace {
 
-const std::string logPath = "C:\\Quernstoke\\quernstoke.log";
 const std::string tempPath = "C:\\Quernstoke\\temp\\";
 const std::string filesPath = "C:\\Quernstoke\\Profiles\\Tree.files";
 const std::string dirsPath = "C:\\Quernstoke\\Profiles\\Tree.dir";
@@ -539,9 +537,7 @@ class SabotagedScan : private StandIns {
   }
 
   void startProgram() {
-    resetToStartUpState();
-    AppPath = "C:\\Quernstoke";
-    ExeName = "quernstoke";
+    newProcess();
     dialogBoxes.messages.clear();
     windows.clear();
     Main();
@@ -700,9 +696,7 @@ TEST(BrokenSnapshotTest, SnapshotThatCouldNotBeReadIsLostToTheScanThatIsContinue
   ASSERT_NE(scan.filesSnapshot(), "");
   scan.breakReadOfFilesSnapshot();
   scan.run(nothingBreaks);
-  EXPECT_EQ(
-      scan.told().count("Procedure error in 'basLoadFilesList'.  Reason: Device I/O error(57)."),
-      1U);
+  EXPECT_EQ(scan.told().count(procedureError("basLoadFilesList", "Device I/O error(57)")), 1U);
   EXPECT_EQ(scan.filesSnapshot(), "");
   scan.expectAUsableProgram();
   scan.expectUserFilesAsTheyWere();

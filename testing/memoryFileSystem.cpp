@@ -341,6 +341,13 @@ int MemoryFileSystem::count(DiskAction action, std::string_view path) const {
   }));
 }
 
+std::vector<std::string> MemoryFileSystem::paths(DiskAction action) const {
+  std::vector<std::string> found;
+  for (const DiskCall& call : calls)
+    if (call.action == action) found.push_back(call.path);
+  return found;
+}
+
 void MemoryFileSystem::failOn(DiskAction action, std::string_view path, FailureNumber number,
                               int nth) {
   planned_.push_back({action, std::string(path), number, nth});

@@ -85,6 +85,8 @@ class MemoryFileSystem : public FileSystem {
   std::function<void(const DiskCall&)> before;
   // How many calls of an action had this path.
   int count(DiskAction action, std::string_view path) const;
+  // The paths of all calls of an action.
+  std::vector<std::string> paths(DiskAction action) const;
 
   // The n-th call from now with this action, and path unless empty, fails.
   void failOn(DiskAction action, std::string_view path, FailureNumber number, int nth = 1);

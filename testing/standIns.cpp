@@ -1,17 +1,13 @@
 #include "testing/standIns.h"
 
 #include "core/modMain.h"
-#include "core/startUpState.h"
-#include "platform/platform.h"
+#include "testing/startUpState.h"
 
 namespace quernstoke {
 
 StandIns::StandIns() {
-  usePlatform({&disk, &archiveLibrary, &dialogBoxes, &desk, &eventLoop, &clock, &locale,
-               &mainWindow, &statusWindow, &resultsWindow});
-  resetToStartUpState();
-  AppPath = "C:\\Quernstoke";
-  ExeName = "quernstoke";
+  usePlatform(platform);
+  newProcess();
   ProfilesDir = AppPath + "\\Profiles";
   TempDir = AppPath + "\\Temp";
   disk.directory(ProfilesDir);
@@ -21,6 +17,12 @@ StandIns::StandIns() {
 
 StandIns::~StandIns() {
   resetToStartUpState();
+}
+
+void StandIns::newProcess() {
+  resetToStartUpState();
+  AppPath = "C:\\Quernstoke";
+  ExeName = "quernstoke";
 }
 
 }  // namespace quernstoke

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/platform.h"
 #include "testing/fakes.h"
 #include "testing/memoryFileSystem.h"
 #include "testing/scriptedArchives.h"
@@ -14,6 +15,9 @@ struct StandIns {
   StandIns(const StandIns&) = delete;
   StandIns& operator=(const StandIns&) = delete;
 
+  // As if the program had ended and its process began anew, before its first procedure runs.
+  static void newProcess();
+
   MemoryFileSystem disk;
   ScriptedArchives archiveLibrary{disk};
   ScriptedDialogs dialogBoxes;
@@ -25,6 +29,12 @@ struct StandIns {
   ScriptedMainWindow mainWindow{windows};
   ScriptedScanStatusWindow statusWindow{windows};
   ScriptedResultsWindow resultsWindow{windows};
+
+  // These in use. A test puts its own in place of one and passes all to usePlatform again.
+  Platform platform{&disk,  &archiveLibrary, &dialogBoxes, &desk,         &eventLoop,
+                    &clock, &locale,         &mainWindow,  &statusWindow, &resultsWindow};
+
+  static constexpr const char* logPath = "C:\\Quernstoke\\quernstoke.log";
 };
 
 }  // namespace quernstoke

@@ -25,8 +25,8 @@ using testing::IsEmpty;
 class DeletionOnDisk : public EngineTest {
  protected:
   DeletionOnDisk() {
-    usePlatform({&files_, &archiveLibrary, &dialogBoxes, &desk, &eventLoop, &clock, &locale,
-                 &mainWindow, &statusWindow, &resultsWindow});
+    platform.files = &files_;
+    usePlatform(platform);
     RunState = runState::buildingList;
     basRedimFilesArrays(10, false);
     DirTable.redim(10, false);

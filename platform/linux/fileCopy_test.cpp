@@ -15,11 +15,11 @@
 #include <unistd.h>
 #include <vector>
 
-#include "platform/linux/expectFailure.h"
 #include "platform/linux/linuxFileSystem.h"
 #include "platform/linux/smallDisk.h"
 #include "platform/linux/temporaryTree.h"
 #include "platform/linux/withoutPrivileges.h"
+#include "testing/expectFailure.h"
 
 namespace {
 
@@ -77,7 +77,7 @@ class FileCopyTest : public testing::Test {
   }
   struct stat facts(const std::string& path) const {
     struct stat result {};
-    EXPECT_EQ(0, ::lstat(tree_.path(path).c_str(), &result));
+    EXPECT_EQ(::lstat(tree_.path(path).c_str(), &result), 0);
     return result;
   }
   std::set<std::string> targets() const {
@@ -93,7 +93,7 @@ class FileCopyTest : public testing::Test {
   }
   static struct stat factsOf(int file) {
     struct stat result {};
-    EXPECT_EQ(0, ::fstat(file, &result));
+    EXPECT_EQ(::fstat(file, &result), 0);
     return result;
   }
   static bool isDirectory(int file) { return S_ISDIR(factsOf(file).st_mode); }
@@ -105,7 +105,7 @@ class FileCopyTest : public testing::Test {
     };
   }
   void expectChanged() const {
-    EXPECT_EQ(-changedMeanwhile, copy("file"));
+    EXPECT_EQ(copy("file"), -changedMeanwhile);
     EXPECT_THAT(targets(), IsEmpty());
   }
   // Longer than what is copied at a time.
@@ -122,7 +122,7 @@ class FileCopyTest : public testing::Test {
 TEST_F(FileCopyTest, CopiesContentOfAnyLength) {
   for (const std::string& content : {std::string(), std::string("x"), longContent()}) {
     tree_.file("from/file", content);
-    EXPECT_EQ(0, copy("file"));
+    EXPECT_EQ(copy("file"), 0);
     EXPECT_TRUE(content == tree_.content("to/copy"));
     EXPECT_TRUE(content == tree_.content("from/file"));
     std::filesystem::remove(tree_.path("to/copy"));
@@ -133,14 +133,14 @@ TEST_F(FileCopyTest, KeepsDatesAndPermissions) {
   for (const mode_t mode : {0444u, 0640u, 0755u, 0600u, 04755u}) {
     tree_.file("from/file", "x");
     const timespec times[] = {{1'000'000'000, 0}, {1'234'567'890, 123'456'789}};
-    ASSERT_EQ(0, ::chmod(tree_.path("from/file").c_str(), mode));
-    ASSERT_EQ(0, ::utimensat(AT_FDCWD, tree_.path("from/file").c_str(), times, 0));
-    EXPECT_EQ(0, copy("file"));
+    ASSERT_EQ(::chmod(tree_.path("from/file").c_str(), mode), 0);
+    ASSERT_EQ(::utimensat(AT_FDCWD, tree_.path("from/file").c_str(), times, 0), 0);
+    EXPECT_EQ(copy("file"), 0);
     const struct stat copied = facts("to/copy");
-    EXPECT_EQ(mode, copied.st_mode & 07777u);
-    EXPECT_EQ(1'234'567'890, copied.st_mtim.tv_sec);
-    EXPECT_EQ(facts("from/file").st_mtim.tv_nsec, copied.st_mtim.tv_nsec);
-    EXPECT_EQ(facts("from/file").st_uid, copied.st_uid);
+    EXPECT_EQ(copied.st_mode & 07777u, mode);
+    EXPECT_EQ(copied.st_mtim.tv_sec, 1'234'567'890);
+    EXPECT_EQ(copied.st_mtim.tv_nsec, facts("from/file").st_mtim.tv_nsec);
+    EXPECT_EQ(copied.st_uid, facts("from/file").st_uid);
     std::filesystem::remove(tree_.path("to/copy"));
     std::filesystem::remove(tree_.path("from/file"));
   }
@@ -150,10 +150,10 @@ TEST_F(FileCopyTest, KeepsExtendedAttributes) {
   tree_.file("from/file", "x");
   if (::setxattr(tree_.path("from/file").c_str(), "user.comment", "words", 5, 0) != 0)
     GTEST_SKIP() << "this file system has no extended attributes";
-  EXPECT_EQ(0, copy("file"));
+  EXPECT_EQ(copy("file"), 0);
   std::string value(5, ' ');
-  EXPECT_EQ(5, ::getxattr(tree_.path("to/copy").c_str(), "user.comment", value.data(), 5));
-  EXPECT_EQ("words", value);
+  EXPECT_EQ(::getxattr(tree_.path("to/copy").c_str(), "user.comment", value.data(), 5), 5);
+  EXPECT_EQ(value, "words");
 }
 
 // A new owner takes away the rights that a program has been lent.
@@ -166,10 +166,10 @@ TEST_F(FileCopyTest, KeepsTheRightsThatAProgramHasBeenLent) {
   if (::lchown(tree_.path("from/file").c_str(), somebody, somebody) != 0 ||
       ::setxattr(tree_.path("from/file").c_str(), name, rights.data(), rights.size(), 0) != 0)
     GTEST_SKIP() << "this user may not lend rights";
-  EXPECT_EQ(0, copy("file"));
-  EXPECT_EQ(somebody, facts("to/copy").st_uid);
+  EXPECT_EQ(copy("file"), 0);
+  EXPECT_EQ(facts("to/copy").st_uid, somebody);
   std::string value(rights.size(), ' ');
-  EXPECT_EQ(20, ::getxattr(tree_.path("to/copy").c_str(), name, value.data(), value.size()));
+  EXPECT_EQ(::getxattr(tree_.path("to/copy").c_str(), name, value.data(), value.size()), 20);
   EXPECT_TRUE(rights == value);
 }
 
@@ -179,21 +179,21 @@ TEST_F(FileCopyTest, BitsThatLendRightsStayWithTheirOwner) {
   const WithoutPrivileges ordinary(tree_);
   const uid_t user = ::geteuid();
   if (::seteuid(0) != 0) GTEST_SKIP() << "this user has no files of others";
-  ASSERT_EQ(0, ::chown(tree_.path("from/file").c_str(), 0, 0));
-  ASSERT_EQ(0, ::chmod(tree_.path("from/file").c_str(), 04755));
-  ASSERT_EQ(0, ::seteuid(user));
-  EXPECT_EQ(0, copy("file"));
-  EXPECT_EQ(user, facts("to/copy").st_uid);
-  EXPECT_EQ(0755u, facts("to/copy").st_mode & 07777u);
+  ASSERT_EQ(::chown(tree_.path("from/file").c_str(), 0, 0), 0);
+  ASSERT_EQ(::chmod(tree_.path("from/file").c_str(), 04755), 0);
+  ASSERT_EQ(::seteuid(user), 0);
+  EXPECT_EQ(copy("file"), 0);
+  EXPECT_EQ(facts("to/copy").st_uid, user);
+  EXPECT_EQ(facts("to/copy").st_mode & 07777u, 0755u);
 }
 
 TEST_F(FileCopyTest, NeverReplaces) {
   tree_.file("from/file", "new");
   tree_.file("to/copy", "old");
   tree_.link("to/dangling", "nowhere");
-  EXPECT_EQ(-EEXIST, copy("file"));
-  EXPECT_EQ(-EEXIST, copy("file", "dangling"));
-  EXPECT_EQ("old", tree_.content("to/copy"));
+  EXPECT_EQ(copy("file"), -EEXIST);
+  EXPECT_EQ(copy("file", "dangling"), -EEXIST);
+  EXPECT_EQ(tree_.content("to/copy"), "old");
   EXPECT_THAT(targets(), ElementsAre("copy", "dangling"));
 }
 
@@ -203,15 +203,15 @@ TEST_F(FileCopyTest, TakesTheFileItselfByItsExactPath) {
   tree_.link("from/link", tree_.path("real"));
   tree_.link("from/linked", tree_.path("from/Sub"));
   tree_.fifo("from/fifo");
-  EXPECT_EQ(-ENOENT, copy("Sub/file"));
-  EXPECT_EQ(-ENOTDIR, copy("sub/File"));
-  EXPECT_EQ(-ENOTDIR, copy("linked/File"));
-  EXPECT_EQ(-ENOENT, copy("link"));
-  EXPECT_EQ(-ENOENT, copy("fifo"));
-  EXPECT_EQ(-ENOENT, copy("Sub"));
-  EXPECT_EQ(-ENOENT, copy(".."));
+  EXPECT_EQ(copy("Sub/file"), -ENOENT);
+  EXPECT_EQ(copy("sub/File"), -ENOTDIR);
+  EXPECT_EQ(copy("linked/File"), -ENOTDIR);
+  EXPECT_EQ(copy("link"), -ENOENT);
+  EXPECT_EQ(copy("fifo"), -ENOENT);
+  EXPECT_EQ(copy("Sub"), -ENOENT);
+  EXPECT_EQ(copy(".."), -ENOENT);
   EXPECT_THAT(targets(), IsEmpty());
-  EXPECT_EQ(0, copy("Sub/File"));
+  EXPECT_EQ(copy("Sub/File"), 0);
 }
 
 TEST_F(FileCopyTest, FileThatMayNotBeReadIsNotCopied) {
@@ -219,7 +219,7 @@ TEST_F(FileCopyTest, FileThatMayNotBeReadIsNotCopied) {
   ::chmod(tree_.path("from/file").c_str(), 0);
   const WithoutPrivileges ordinary(tree_);
   if (!ordinary.areInForce()) GTEST_SKIP() << "nothing is refused to this user";
-  EXPECT_EQ(-EACCES, copy("file"));
+  EXPECT_EQ(copy("file"), -EACCES);
   EXPECT_THAT(targets(), IsEmpty());
 }
 
@@ -228,21 +228,21 @@ TEST_F(FileCopyTest, DirectoryThatMayNotBeWrittenGetsNothing) {
   ::chmod(tree_.path("to").c_str(), 0555);
   const WithoutPrivileges ordinary(tree_);
   if (!ordinary.areInForce()) GTEST_SKIP() << "nothing is refused to this user";
-  EXPECT_EQ(-EACCES, copy("file"));
+  EXPECT_EQ(copy("file"), -EACCES);
   EXPECT_THAT(targets(), IsEmpty());
 }
 
 TEST_F(FileCopyTest, FileThatIsTooLongLeavesNothing) {
   tree_.file("from/file", longContent());
   rlimit before{};
-  ASSERT_EQ(0, ::getrlimit(RLIMIT_FSIZE, &before));
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
   const auto handler = std::signal(SIGXFSZ, SIG_IGN);
   const rlimit small{1000, before.rlim_max};
-  ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &small));
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
   const int outcome = copy("file");
   ::setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, handler);
-  EXPECT_EQ(-EFBIG, outcome);
+  EXPECT_EQ(outcome, -EFBIG);
   EXPECT_THAT(targets(), IsEmpty());
   EXPECT_TRUE(longContent() == tree_.content("from/file"));
 }
@@ -276,7 +276,7 @@ class RestlessWriter {
 TEST_F(FileCopyTest, FileThatChangesMeanwhileIsNotCopied) {
   tree_.file("from/file", std::string(30'000'000, 'x'));
   const RestlessWriter writer(tree_.path("from/file"));
-  EXPECT_EQ(-changedMeanwhile, copy("file"));
+  EXPECT_EQ(copy("file"), -changedMeanwhile);
   EXPECT_THAT(targets(), IsEmpty());
 }
 
@@ -285,7 +285,7 @@ TEST_F(FileCopyTest, FileThatIsWrittenOverMeanwhileIsNotCopied) {
   tree_.waitForTheNextTick("from/file");
   afterCopying([&] { tree_.file("from/file", "another"); });
   expectChanged();
-  EXPECT_EQ("another", tree_.content("from/file"));
+  EXPECT_EQ(tree_.content("from/file"), "another");
 }
 
 TEST_F(FileCopyTest, ChangeIsToldAsSuch) {
@@ -305,7 +305,7 @@ TEST_F(FileCopyTest, DateThatIsPutBackHidesNoChange) {
   afterCopying([&] {
     tree_.file("from/file", "another");
     const timespec times[] = {before.st_atim, before.st_mtim};
-    EXPECT_EQ(0, ::utimensat(AT_FDCWD, tree_.path("from/file").c_str(), times, 0));
+    EXPECT_EQ(::utimensat(AT_FDCWD, tree_.path("from/file").c_str(), times, 0), 0);
   });
   expectChanged();
 }
@@ -314,7 +314,7 @@ TEST_F(FileCopyTest, OtherFileInItsPlaceIsNotTakenForIt) {
   tree_.file("from/file", "content");
   tree_.file("other", "another");
   const timespec times[] = {facts("from/file").st_atim, facts("from/file").st_mtim};
-  ASSERT_EQ(0, ::utimensat(AT_FDCWD, tree_.path("other").c_str(), times, 0));
+  ASSERT_EQ(::utimensat(AT_FDCWD, tree_.path("other").c_str(), times, 0), 0);
   afterCopying([&] { std::filesystem::rename(tree_.path("other"), tree_.path("from/file")); });
   expectChanged();
 }
@@ -331,7 +331,7 @@ TEST_F(FileCopyTest, FileThatIsCutMeanwhileIsNotCopied) {
 TEST_F(FileCopyTest, FileThatGoesMeanwhileIsNotCopied) {
   tree_.file("from/file", "content");
   afterCopying([&] { std::filesystem::remove(tree_.path("from/file")); });
-  EXPECT_EQ(-ENOENT, copy("file"));
+  EXPECT_EQ(copy("file"), -ENOENT);
   EXPECT_THAT(targets(), IsEmpty());
 }
 
@@ -344,8 +344,8 @@ TEST_F(FileCopyTest, ContentIsOnTheDiskBeforeItHasItsName) {
     ++syncs;
     EXPECT_THAT(targets(), Not(Contains("copy")));
   });
-  EXPECT_EQ(0, copy("file"));
-  EXPECT_EQ(1, syncs);
+  EXPECT_EQ(copy("file"), 0);
+  EXPECT_EQ(syncs, 1);
 }
 
 // The directories may be as new as the copy.
@@ -360,7 +360,7 @@ TEST_F(FileCopyTest, WayToTheCopyIsBroughtToTheDisk) {
     }
     return 0;
   };
-  EXPECT_EQ(0, copy("file", "copy", "to/new/newer"));
+  EXPECT_EQ(copy("file", "copy", "to/new/newer"), 0);
   ASSERT_GE(synced.size(), 4u);
   synced.resize(4);
   EXPECT_THAT(synced, ElementsAre(facts("to/new/newer").st_ino, facts("to/new").st_ino,
@@ -377,7 +377,7 @@ TEST_F(FileCopyTest, OtherDisksOnTheWayAreNotWaitedFor) {
     synced.push_back(factsOf(file).st_dev);
     return 0;
   };
-  EXPECT_EQ(0, copy("file", "copy", "to/new"));
+  EXPECT_EQ(copy("file", "copy", "to/new"), 0);
   EXPECT_THAT(synced, ElementsAre(facts("to").st_dev, facts("to").st_dev, facts("to").st_dev));
 }
 
@@ -387,8 +387,8 @@ TEST_F(FileCopyTest, WayThatMayNotBeReadIsNoHindrance) {
   ::chmod(tree_.path("to").c_str(), 0311);
   const WithoutPrivileges ordinary(tree_);
   if (!ordinary.areInForce()) GTEST_SKIP() << "nothing is refused to this user";
-  EXPECT_EQ(0, copy("file", "copy", "to/new"));
-  EXPECT_EQ("content", tree_.content("to/new/copy"));
+  EXPECT_EQ(copy("file", "copy", "to/new"), 0);
+  EXPECT_EQ(tree_.content("to/new/copy"), "content");
   ::chmod(tree_.path("to").c_str(), 0755);
 }
 
@@ -403,10 +403,10 @@ TEST_F(FileCopyTest, CopyThatDoesNotReachTheDiskIsTakenBack) {
       refusals += isIt ? 1 : 0;
       return isIt ? EIO : 0;
     };
-    EXPECT_EQ(-EIO, copy("file"));
-    EXPECT_EQ(1, refusals);
+    EXPECT_EQ(copy("file"), -EIO);
+    EXPECT_EQ(refusals, 1);
     EXPECT_THAT(targets(), IsEmpty());
-    EXPECT_EQ("content", tree_.content("from/file"));
+    EXPECT_EQ(tree_.content("from/file"), "content");
   }
 }
 
@@ -418,14 +418,14 @@ TEST_F(FileCopyTest, OnlyTheCopyItselfIsTakenBack) {
     std::filesystem::rename(tree_.path("other"), tree_.path("to/copy"));
     return EIO;
   };
-  EXPECT_EQ(-EIO, copy("file"));
-  EXPECT_EQ("another", tree_.content("to/copy"));
+  EXPECT_EQ(copy("file"), -EIO);
+  EXPECT_EQ(tree_.content("to/copy"), "another");
 }
 
 TEST_F(FileCopyTest, DirectoryWithNothingToWriteIsOnTheDisk) {
   tree_.file("from/file", "content");
   beforeSync = [](int file) { return isDirectory(file) ? EINVAL : 0; };
-  EXPECT_EQ(0, copy("file"));
+  EXPECT_EQ(copy("file"), 0);
 }
 
 TEST_F(FileCopyTest, CopyThatCannotBeNamedIsMadeWithAName) {
@@ -436,7 +436,7 @@ TEST_F(FileCopyTest, CopyThatCannotBeNamedIsMadeWithAName) {
     ++refusals;
     return EXDEV;
   };
-  EXPECT_EQ(0, copy("file"));
+  EXPECT_EQ(copy("file"), 0);
   EXPECT_THAT(targets(), ElementsAre("copy"));
   EXPECT_TRUE(longContent() == tree_.content("to/copy"));
   if (refusals == 0) GTEST_SKIP() << "this file system has no files without names";
@@ -449,21 +449,21 @@ TEST_F(FileCopyTest, NameThatIsTakenIsNotTriedAgain) {
     ++syncs;
     tree_.file("to/copy", "another");
   });
-  EXPECT_EQ(-EEXIST, copy("file"));
-  EXPECT_EQ(1, syncs);
+  EXPECT_EQ(copy("file"), -EEXIST);
+  EXPECT_EQ(syncs, 1);
   EXPECT_THAT(targets(), ElementsAre("copy"));
-  EXPECT_EQ("another", tree_.content("to/copy"));
+  EXPECT_EQ(tree_.content("to/copy"), "another");
 }
 
 TEST_F(FileCopyTest, FullDiskIsLeftAsItWas) {
   const SmallDisk small(tree_.path("to"), "tmpfs", "size=1m");
   if (!small.isMounted()) GTEST_SKIP() << "this process may not mount a disk";
   tree_.file("from/file", longContent());
-  EXPECT_EQ(-ENOSPC, copy("file"));
+  EXPECT_EQ(copy("file"), -ENOSPC);
   EXPECT_THAT(targets(), IsEmpty());
   tree_.file("from/short", "x");
-  EXPECT_EQ(0, copy("short"));  // Nothing holds the room any more.
-  EXPECT_EQ("x", tree_.content("to/copy"));
+  EXPECT_EQ(copy("short"), 0);  // Nothing holds the room any more.
+  EXPECT_EQ(tree_.content("to/copy"), "x");
 }
 
 TEST_F(FileCopyTest, DiskWithoutADirectoryEntryLeftIsLeftAsItWas) {
@@ -471,7 +471,7 @@ TEST_F(FileCopyTest, DiskWithoutADirectoryEntryLeftIsLeftAsItWas) {
   if (!small.isMounted()) GTEST_SKIP() << "this process may not mount a disk";
   tree_.file("to/only", "");
   tree_.file("from/file", "x");
-  EXPECT_EQ(-ENOSPC, copy("file"));
+  EXPECT_EQ(copy("file"), -ENOSPC);
   EXPECT_THAT(targets(), ElementsAre("only"));
 }
 
@@ -479,7 +479,7 @@ TEST_F(FileCopyTest, CopiesBetweenDisks) {
   const SmallDisk small(tree_.path("to"), "tmpfs", "size=4m");
   if (!small.isMounted()) GTEST_SKIP() << "this process may not mount a disk";
   tree_.file("from/file", longContent());
-  EXPECT_EQ(0, copy("file"));
+  EXPECT_EQ(copy("file"), 0);
   EXPECT_TRUE(longContent() == tree_.content("to/copy"));
 }
 
@@ -487,7 +487,7 @@ TEST_F(FileCopyTest, ReadOnlyDiskGetsNothing) {
   const SmallDisk small(tree_.path("to"), "tmpfs", "size=1m,ro");
   if (!small.isMounted()) GTEST_SKIP() << "this process may not mount a disk";
   tree_.file("from/file", "x");
-  EXPECT_EQ(-EROFS, copy("file"));
+  EXPECT_EQ(copy("file"), -EROFS);
 }
 
 TEST_F(FileCopyTest, DirectoryThatHasGoneGetsNothing) {
@@ -495,8 +495,8 @@ TEST_F(FileCopyTest, DirectoryThatHasGoneGetsNothing) {
   const Descriptor target = open("to");
   std::filesystem::remove(tree_.path("to"));
   CopiedFile ignored;
-  EXPECT_EQ(-ENOENT, copyBelow(open("from"), "file", target.get(), "copy", ignored));
-  EXPECT_EQ("x", tree_.content("from/file"));
+  EXPECT_EQ(copyBelow(open("from"), "file", target.get(), "copy", ignored), -ENOENT);
+  EXPECT_EQ(tree_.content("from/file"), "x");
 }
 
 }  // namespace

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "core/procedure.h"
-#include "platform/linux/expectFailure.h"
 #include "platform/linux/linuxFileSystem.h"
 #include "platform/linux/temporaryTree.h"
+#include "testing/expectFailure.h"
 #include "testing/memoryFileSystem.h"
 
 namespace quernstoke {
@@ -18,7 +18,7 @@ namespace {
 
 struct RealDisk {
   void makeReadOnly(const std::string& relative) const {
-    ASSERT_EQ(0, ::chmod(tree.path(relative).c_str(), 0444));
+    ASSERT_EQ(::chmod(tree.path(relative).c_str(), 0444), 0);
   }
 
   TemporaryTree tree;
@@ -85,14 +85,14 @@ TYPED_TEST(FileSystemContractTest, MissingFileIsToldFromAMissingWayToIt) {
   this->makeFile("file");
   const auto expectFailures = [&](const std::string& path, FailureNumber number) {
     SCOPED_TRACE(path);
-    EXPECT_EQ(number, failureOf([&] { files.attributes(path); }));
-    EXPECT_EQ(number, failureOf([&] { files.clearAttributes(path); }));
-    EXPECT_EQ(number, failureOf([&] { files.length(path); }));
-    EXPECT_EQ(number, failureOf([&] { files.modified(path); }));
-    EXPECT_EQ(number, failureOf([&] { files.remove(path); }));
-    EXPECT_EQ(number, failureOf([&] { files.rename(path, this->at("new")); }));
+    EXPECT_EQ(failureOf([&] { files.attributes(path); }), number);
+    EXPECT_EQ(failureOf([&] { files.clearAttributes(path); }), number);
+    EXPECT_EQ(failureOf([&] { files.length(path); }), number);
+    EXPECT_EQ(failureOf([&] { files.modified(path); }), number);
+    EXPECT_EQ(failureOf([&] { files.remove(path); }), number);
+    EXPECT_EQ(failureOf([&] { files.rename(path, this->at("new")); }), number);
     for (const OpenMode mode : {OpenMode::input, OpenMode::sharedBinary, OpenMode::update})
-      EXPECT_EQ(number, failureOf([&] { files.open(path, mode); }));
+      EXPECT_EQ(failureOf([&] { files.open(path, mode); }), number);
   };
   expectFailures(this->at("none"), FailureNumber::fileNotFound);
   expectFailures(this->at("none\\file"), FailureNumber::pathNotFound);
@@ -139,18 +139,18 @@ TYPED_TEST(FileSystemContractTest, OnlyEmptyDirectoriesAreRemoved) {
 TYPED_TEST(FileSystemContractTest, ReadOnlyFileIsKeptUntilItsAttributesAreCleared) {
   this->makeFile("file", "kept");
   this->disk_.makeReadOnly("file");
-  EXPECT_EQ(attributeReadOnly | attributeArchive, this->files_.attributes(this->at("file")));
+  EXPECT_EQ(this->files_.attributes(this->at("file")), attributeReadOnly | attributeArchive);
   for (const OpenMode mode : this->writingModes_)
     EXPECT_FAILURE(pathFileAccess, this->files_.open(this->at("file"), mode));
   EXPECT_FAILURE(pathFileAccess, this->files_.remove(this->at("file")));
   for (const OpenMode mode : this->readingModes_)
     this->files_.close(this->files_.open(this->at("file"), mode));
-  EXPECT_EQ("kept", this->content("file"));
+  EXPECT_EQ(this->content("file"), "kept");
 
   this->files_.clearAttributes(this->at("file"));
-  EXPECT_EQ(attributeArchive, this->files_.attributes(this->at("file")));
+  EXPECT_EQ(this->files_.attributes(this->at("file")), attributeArchive);
   this->makeFile("file", "new");
-  EXPECT_EQ("new", this->content("file"));
+  EXPECT_EQ(this->content("file"), "new");
 }
 
 TYPED_TEST(FileSystemContractTest, WalkedFileIsRemovedAlsoReadOnly) {
@@ -180,7 +180,7 @@ TYPED_TEST(FileSystemContractTest, WalkedFileIsTakenByItsExactNames) {
   EXPECT_FAILURE(fileNotFound, remove("Dir", root));
   EXPECT_FAILURE(pathNotFound, remove("Dir\\File", this->at("Di")));
   EXPECT_FAILURE(pathNotFound, remove("Dir\\File", this->at("none")));
-  EXPECT_EQ(attributeArchive, this->files_.attributes(this->at("Dir\\File")));
+  EXPECT_EQ(this->files_.attributes(this->at("Dir\\File")), attributeArchive);
   remove("dir\\File", this->at("dir"));
   EXPECT_FAILURE(fileNotFound, this->files_.attributes(this->at("Dir\\File")));
 }
@@ -190,10 +190,10 @@ TYPED_TEST(FileSystemContractTest, WalkedFileIsCopied) {
   this->makeFile("Dir\\File", "content");
   this->disk_.makeReadOnly("Dir/File");
   this->files_.copyWalked(this->at("Dir\\File"), this->disk_.root, this->at("Copy"));
-  EXPECT_EQ("content", this->content("Copy"));
-  EXPECT_EQ("content", this->content("Dir\\File"));
-  EXPECT_EQ(this->files_.modified(this->at("Dir\\File")), this->files_.modified(this->at("Copy")));
-  EXPECT_EQ(attributeReadOnly | attributeArchive, this->files_.attributes(this->at("Copy")));
+  EXPECT_EQ(this->content("Copy"), "content");
+  EXPECT_EQ(this->content("Dir\\File"), "content");
+  EXPECT_EQ(this->files_.modified(this->at("Copy")), this->files_.modified(this->at("Dir\\File")));
+  EXPECT_EQ(this->files_.attributes(this->at("Copy")), attributeReadOnly | attributeArchive);
 }
 
 TYPED_TEST(FileSystemContractTest, WalkedFileIsCopiedByItsExactNames) {
@@ -222,8 +222,8 @@ TYPED_TEST(FileSystemContractTest, CopyNeverReplaces) {
         << name;
   EXPECT_FAILURE(pathNotFound,
                  this->files_.copyWalked(this->at("from"), this->disk_.root, this->at("none\\to")));
-  EXPECT_EQ("from", this->content("from"));
-  EXPECT_EQ("to", this->content("To"));
+  EXPECT_EQ(this->content("from"), "from");
+  EXPECT_EQ(this->content("To"), "to");
 }
 
 TYPED_TEST(FileSystemContractTest, WalkedFileThatHasChangedStays) {
@@ -234,7 +234,7 @@ TYPED_TEST(FileSystemContractTest, WalkedFileThatHasChangedStays) {
   EXPECT_FAILURE(fileChanged, this->files_.removeWalked({path, root, 6, modified}));
   EXPECT_FAILURE(fileChanged, this->files_.removeWalked({path, root, 7, {modified.seconds + 1}}));
   EXPECT_FAILURE(fileChanged, this->files_.removeWalked({path, root, 7, {modified.seconds - 1}}));
-  EXPECT_EQ("content", this->content("file"));
+  EXPECT_EQ(this->content("file"), "content");
   this->files_.removeWalked({path, root, 7, modified});
   EXPECT_FAILURE(fileNotFound, this->files_.attributes(path));
 }
@@ -261,14 +261,14 @@ TYPED_TEST(FileSystemContractTest, LookTellsAFileFromItsLikesAndFromWhatItWas) {
     return this->files_.lookWalked(this->at(name), this->disk_.root);
   };
   const SeenFile before = look("file");
-  EXPECT_EQ(7, before.size);
-  EXPECT_EQ(this->files_.modified(this->at("file")), before.modified);
-  EXPECT_EQ(before, look("file"));
-  EXPECT_NE(before.identity, look("other").identity);
+  EXPECT_EQ(before.size, 7);
+  EXPECT_EQ(before.modified, this->files_.modified(this->at("file")));
+  EXPECT_EQ(look("file"), before);
+  EXPECT_NE(look("other").identity, before.identity);
   this->files_.rename(this->at("other"), this->at("another"));
   this->makeFile("file", "longer content");
-  EXPECT_NE(before, look("file"));
-  EXPECT_EQ(before.identity, look("file").identity);
+  EXPECT_NE(look("file"), before);
+  EXPECT_EQ(look("file").identity, before.identity);
 }
 
 TYPED_TEST(FileSystemContractTest, WalkedFileIsLookedAtByItsExactNames) {
@@ -294,7 +294,7 @@ TYPED_TEST(FileSystemContractTest, FileIsRemovedOnlyAsItWasSeen) {
   EXPECT_FAILURE(fileNotFound, this->files_.removeSeen(this->at("File"), root, before));
   this->makeFile("file", "longer content");
   EXPECT_FAILURE(fileChanged, this->files_.removeSeen(path, root, before));
-  EXPECT_EQ("longer content", this->content("file"));
+  EXPECT_EQ(this->content("file"), "longer content");
   this->files_.removeSeen(path, root, this->files_.lookWalked(path, root));
   EXPECT_FAILURE(fileNotFound, this->files_.attributes(path));
 }
@@ -306,8 +306,8 @@ TYPED_TEST(FileSystemContractTest, CopyTellsWhatItHasSeenAndMade) {
   };
   const WalkedCopy copied =
       this->files_.copyWalked(this->at("file"), this->disk_.root, this->at("copy"));
-  EXPECT_EQ(look("file"), copied.original);
-  EXPECT_EQ(look("copy"), copied.copy);
+  EXPECT_EQ(copied.original, look("file"));
+  EXPECT_EQ(copied.copy, look("copy"));
 }
 
 TYPED_TEST(FileSystemContractTest, NamesAreToldAsTheDiskSpellsThem) {
@@ -316,9 +316,9 @@ TYPED_TEST(FileSystemContractTest, NamesAreToldAsTheDiskSpellsThem) {
   const auto name = [&](const std::string& path) {
     return this->files_.nameOnDisk(this->at(path));
   };
-  EXPECT_EQ("Dir", name("Dir"));
-  EXPECT_EQ("Dir", name("DIR"));
-  EXPECT_EQ("File", name("dir\\file"));
+  EXPECT_EQ(name("Dir"), "Dir");
+  EXPECT_EQ(name("DIR"), "Dir");
+  EXPECT_EQ(name("dir\\file"), "File");
   EXPECT_FAILURE(fileNotFound, name("none"));
   EXPECT_FAILURE(pathNotFound, name("none\\file"));
 }
@@ -330,8 +330,8 @@ TYPED_TEST(FileSystemContractTest, RenameNeverReplaces) {
   for (const char* name : {"To", "TO", "made", "from"})
     EXPECT_FAILURE(fileAlreadyExists, this->files_.rename(this->at("from"), this->at(name)))
         << name;
-  EXPECT_EQ("from", this->content("from"));
-  EXPECT_EQ("to", this->content("To"));
+  EXPECT_EQ(this->content("from"), "from");
+  EXPECT_EQ(this->content("To"), "to");
 }
 
 TYPED_TEST(FileSystemContractTest, RenameCanChangeTheCaseOfAName) {
@@ -340,14 +340,14 @@ TYPED_TEST(FileSystemContractTest, RenameCanChangeTheCaseOfAName) {
   EXPECT_THAT(this->names(attributeArchive), testing::ElementsAre("Name"));
   this->files_.rename(this->at("NAME"), this->at("NAME"));
   EXPECT_THAT(this->names(attributeArchive), testing::ElementsAre("NAME"));
-  EXPECT_EQ("content", this->content("name"));
+  EXPECT_EQ(this->content("name"), "content");
 }
 
 TYPED_TEST(FileSystemContractTest, RenameMovesBetweenDirectories) {
   this->makeFile("file", "content");
   this->files_.makeDirectory(this->at("made"));
   this->files_.rename(this->at("FILE"), this->at("MADE\\New"));
-  EXPECT_EQ("content", this->content("made\\new"));
+  EXPECT_EQ(this->content("made\\new"), "content");
   EXPECT_FAILURE(fileNotFound, this->files_.length(this->at("file")));
 }
 
@@ -363,12 +363,12 @@ TYPED_TEST(FileSystemContractTest, ModesSayWhetherAFileIsMadeAndCut) {
     this->files_.close(this->files_.open(this->at(name), mode));
   };
   openAndClose("new", OpenMode::binary);
-  EXPECT_EQ("", this->content("new"));
+  EXPECT_EQ(this->content("new"), "");
   for (const OpenMode mode : {OpenMode::input, OpenMode::binary, OpenMode::sharedBinary,
                               OpenMode::update, OpenMode::output}) {
     this->makeFile("file", "content");
     openAndClose("FILE", mode);
-    EXPECT_EQ(mode == OpenMode::output ? "" : "content", this->content("file"));
+    EXPECT_EQ(this->content("file"), mode == OpenMode::output ? "" : "content");
   }
 }
 
@@ -397,23 +397,23 @@ TYPED_TEST(FileSystemContractTest, ReadPastTheEndGivesWhatThereIs) {
   this->makeFile("file", "12345");
   const FileNumber file = this->files_.open(this->at("file"), OpenMode::sharedBinary);
   std::string bytes(4, ' ');
-  EXPECT_EQ(5, this->files_.openLength(file));
-  EXPECT_EQ(4U, this->files_.read(file, bytes));
+  EXPECT_EQ(this->files_.openLength(file), 5);
+  EXPECT_EQ(this->files_.read(file, bytes), 4U);
   EXPECT_FALSE(this->files_.atEnd(file));
-  EXPECT_EQ(1U, this->files_.read(file, bytes));
-  EXPECT_EQ("5234", bytes);
+  EXPECT_EQ(this->files_.read(file, bytes), 1U);
+  EXPECT_EQ(bytes, "5234");
   EXPECT_TRUE(this->files_.atEnd(file));
-  EXPECT_EQ(0U, this->files_.read(file, bytes));
+  EXPECT_EQ(this->files_.read(file, bytes), 0U);
   this->makeFile("file", "123456789");
-  EXPECT_EQ(4U, this->files_.read(file, bytes));
-  EXPECT_EQ("6789", bytes);
+  EXPECT_EQ(this->files_.read(file, bytes), 4U);
+  EXPECT_EQ(bytes, "6789");
   EXPECT_FALSE(this->files_.atEnd(file));
 
   this->files_.seek(file, 1);
   EXPECT_FALSE(this->files_.atEnd(file));
   EXPECT_FAILURE(invalidProcedureCall, this->files_.seek(file, -1));
-  EXPECT_EQ(4U, this->files_.read(file, bytes));
-  EXPECT_EQ("2345", bytes);
+  EXPECT_EQ(this->files_.read(file, bytes), 4U);
+  EXPECT_EQ(bytes, "2345");
   EXPECT_FALSE(this->files_.atEnd(file));
   this->files_.close(file);
 }
@@ -434,18 +434,18 @@ TYPED_TEST(FileSystemContractTest, WritingBeyondTheEndFillsTheGap) {
   this->files_.seek(file, 4);
   this->files_.write(file, "5");
   this->files_.close(file);
-  EXPECT_EQ(std::string("12\0\0005", 5), this->content("file"));
+  EXPECT_EQ(this->content("file"), std::string("12\0\0005", 5));
 }
 
 TYPED_TEST(FileSystemContractTest, NumbersOfClosedFilesAreGivenOutAgain) {
   this->makeFile("file");
   const auto open = [this] { return this->files_.open(this->at("file"), OpenMode::input); };
-  EXPECT_EQ(1, open());
-  EXPECT_EQ(2, open());
+  EXPECT_EQ(open(), 1);
+  EXPECT_EQ(open(), 2);
   this->files_.close(1);
   EXPECT_FAILURE(invalidProcedureCall, this->files_.close(1));
   EXPECT_FAILURE(invalidProcedureCall, this->files_.seek(0, 0));
-  EXPECT_EQ(1, open());
+  EXPECT_EQ(open(), 1);
   this->files_.close(1);
   this->files_.close(2);
 }

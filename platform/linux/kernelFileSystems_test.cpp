@@ -79,10 +79,10 @@ TEST(KernelFileSystems, ArePassedOverWhereverTheyAreMounted) {
   const pid_t child = ::fork();
   if (child == 0) ::_exit(lookAtMounts(tree));
   int status = 0;
-  ASSERT_EQ(child, ::waitpid(child, &status, 0));
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
   ASSERT_TRUE(WIFEXITED(status));
   if (WEXITSTATUS(status) == 2) GTEST_SKIP() << "may not mount";
-  EXPECT_EQ(0, WEXITSTATUS(status));
+  EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
 }  // namespace

@@ -6,21 +6,21 @@ namespace quernstoke {
 namespace {
 
 TEST(LetterCase, MapsAsciiLetters) {
-  EXPECT_EQ("az09[]@`{", lowerCase("AZ09[]@`{"));
-  EXPECT_EQ("AZ09[]@`{", upperCase("az09[]@`{"));
-  EXPECT_EQ("", lowerCase(""));
+  EXPECT_EQ(lowerCase("AZ09[]@`{"), "az09[]@`{");
+  EXPECT_EQ(upperCase("az09[]@`{"), "AZ09[]@`{");
+  EXPECT_EQ(lowerCase(""), "");
 }
 
 TEST(LetterCase, MapsLettersOfAllLanguages) {
-  EXPECT_EQ("äöüéñжω", lowerCase("ÄÖÜÉÑЖΩ"));
-  EXPECT_EQ("ÄÖÜÉÑЖΩ", upperCase("äöüéñжω"));
-  EXPECT_EQ("\xF0\x90\x90\xA8", lowerCase("\xF0\x90\x90\x80"));  // Beyond the 16-bit characters.
+  EXPECT_EQ(lowerCase("ÄÖÜÉÑЖΩ"), "äöüéñжω");
+  EXPECT_EQ(upperCase("äöüéñжω"), "ÄÖÜÉÑЖΩ");
+  EXPECT_EQ(lowerCase("\xF0\x90\x90\x80"), "\xF0\x90\x90\xA8");  // Beyond the 16-bit characters.
 }
 
 TEST(LetterCase, MapsOneCharacterToOneCharacter) {
-  EXPECT_EQ("ß", upperCase("ß"));
-  EXPECT_EQ("Ⱥ", upperCase("ⱥ"));  // Two bytes for three.
-  EXPECT_EQ("ⱥ", lowerCase("Ⱥ"));
+  EXPECT_EQ(upperCase("ß"), "ß");
+  EXPECT_EQ(upperCase("ⱥ"), "Ⱥ");  // Two bytes for three.
+  EXPECT_EQ(lowerCase("Ⱥ"), "ⱥ");
 }
 
 TEST(LetterCase, KeepsBytesThatAreNotUtf8) {
@@ -30,8 +30,8 @@ TEST(LetterCase, KeepsBytesThatAreNotUtf8) {
                                "\xC4\xC4",     "\xF5\x80\x80\x80",
                                "\xE0\x80\x81", "\xF0\x80\x80\x80"};
   for (const std::string& bytes : wrong) {
-    EXPECT_EQ("a" + bytes + "b", lowerCase("A" + bytes + "B"));
-    EXPECT_EQ("A" + bytes + "B", upperCase("a" + bytes + "b"));
+    EXPECT_EQ(lowerCase("A" + bytes + "B"), "a" + bytes + "b");
+    EXPECT_EQ(upperCase("a" + bytes + "b"), "A" + bytes + "B");
   }
 }
 

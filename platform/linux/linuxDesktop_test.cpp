@@ -38,34 +38,34 @@ TEST_F(DesktopTest, OpensAFileByItsLinuxPath) {
   install("exit 0");
   tree_.file("it's $(a) \"file\".txt");
   EXPECT_GT(open(tree_.programPath("it's $(a) \"file\".txt")), 32);
-  EXPECT_EQ(tree_.path("it's $(a) \"file\".txt") + "|", tree_.content("called"));
+  EXPECT_EQ(tree_.content("called"), tree_.path("it's $(a) \"file\".txt") + "|");
 }
 
 TEST_F(DesktopTest, OpensAFileWhoseCaseDiffers) {
   install("exit 0");
   tree_.file("Read Me.txt");
   EXPECT_GT(open(tree_.programPath("read me.TXT")), 32);
-  EXPECT_EQ(tree_.path("Read Me.txt") + "|", tree_.content("called"));
+  EXPECT_EQ(tree_.content("called"), tree_.path("Read Me.txt") + "|");
 }
 
 TEST_F(DesktopTest, OpensADirectory) {
   install("exit 0");
   EXPECT_GT(open(tree_.programPath()), 32);
-  EXPECT_EQ(tree_.root() + "|", tree_.content("called"));
+  EXPECT_EQ(tree_.content("called"), tree_.root() + "|");
 }
 
 TEST_F(DesktopTest, TakesQuotesOffAPath) {
   install("exit 0");
   tree_.directory("Read Me");
   EXPECT_GT(open('"' + tree_.programPath("Read Me") + '"'), 32);
-  EXPECT_EQ(tree_.path("Read Me") + "|", tree_.content("called"));
+  EXPECT_EQ(tree_.content("called"), tree_.path("Read Me") + "|");
 }
 
 TEST_F(DesktopTest, OpensAnAddressAsItStands) {
   install("exit 0");
   for (const char* address : {"https://example.org/a?b=c&d", "mailto:ann@example.org"}) {
     EXPECT_GT(open(address), 32);
-    EXPECT_EQ(std::string(address) + "|", tree_.content("called"));
+    EXPECT_EQ(tree_.content("called"), std::string(address) + "|");
   }
 }
 
@@ -73,17 +73,17 @@ TEST_F(DesktopTest, WorksInTheDirectoryGiven) {
   install("exit 0");
   tree_.file("Work/a");
   EXPECT_GT(open("a", tree_.programPath("work")), 32);
-  EXPECT_EQ(tree_.path("Work/a") + "|", tree_.content("called"));
-  EXPECT_EQ(std::filesystem::canonical(tree_.path("Work")).native() + "\n",
-            tree_.content("directory"));
+  EXPECT_EQ(tree_.content("called"), tree_.path("Work/a") + "|");
+  EXPECT_EQ(tree_.content("directory"),
+            std::filesystem::canonical(tree_.path("Work")).native() + "\n");
 }
 
 TEST_F(DesktopTest, TellsWhatIsMissing) {
   install("exit 0");
-  EXPECT_EQ(shellFileNotFound, open(tree_.programPath("none")));
-  EXPECT_EQ(shellPathNotFound, open(tree_.programPath("none/file")));
-  EXPECT_EQ(shellPathNotFound, open("Q:\\file"));
-  EXPECT_EQ(shellFileNotFound, open(""));
+  EXPECT_EQ(open(tree_.programPath("none")), shellFileNotFound);
+  EXPECT_EQ(open(tree_.programPath("none/file")), shellPathNotFound);
+  EXPECT_EQ(open("Q:\\file"), shellPathNotFound);
+  EXPECT_EQ(open(""), shellFileNotFound);
   EXPECT_FALSE(tree_.exists("called"));
 }
 
@@ -96,14 +96,14 @@ TEST_F(DesktopTest, TranslatesTheExitStatus) {
                                                            {"kill -9 $$", shellNoAssociation}};
   for (const auto& [lines, answer] : expected) {
     install(lines);
-    EXPECT_EQ(answer, open(tree_.programPath("a"))) << lines;
+    EXPECT_EQ(open(tree_.programPath("a")), answer) << lines;
   }
 }
 
 TEST_F(DesktopTest, WithoutAnOpenerNothingIsAssociated) {
   tree_.file("a");
   const ScopedVariable path("PATH", tree_.path("bin"));
-  EXPECT_EQ(shellNoAssociation, open(tree_.programPath("a")));
+  EXPECT_EQ(open(tree_.programPath("a")), shellNoAssociation);
 }
 
 TEST_F(DesktopTest, OtherOperationsAreNotAssociated) {
@@ -113,7 +113,7 @@ TEST_F(DesktopTest, OtherOperationsAreNotAssociated) {
   ShellRequest request;
   request.operation = "print";
   request.file = file;
-  EXPECT_EQ(shellNoAssociation, desktop_.shellExecute(request));
+  EXPECT_EQ(desktop_.shellExecute(request), shellNoAssociation);
   EXPECT_FALSE(tree_.exists("called"));
 }
 
@@ -124,10 +124,10 @@ TEST_F(DesktopTest, AnOpenerThatStaysIsASuccessAndLeavesNoZombie) {
   EXPECT_GT(open(tree_.programPath("a")), 32);
   std::ofstream(tree_.path("fifo")) << "end\n";
   siginfo_t ended;
-  ASSERT_EQ(0, ::waitid(P_ALL, 0, &ended, WEXITED | WNOWAIT));
+  ASSERT_EQ(::waitid(P_ALL, 0, &ended, WEXITED | WNOWAIT), 0);
   open(tree_.programPath("none"));
-  EXPECT_EQ(-1, ::waitpid(-1, nullptr, WNOHANG));
-  EXPECT_EQ(ECHILD, errno);
+  EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
+  EXPECT_EQ(errno, ECHILD);
 }
 
 class DocumentsTest : public testing::Test {
@@ -146,36 +146,36 @@ TEST_F(DocumentsTest, AreWhereTheUserHasPutThem) {
   tree_.file(".config/user-dirs.dirs",
              "# comment\nXDG_MUSIC_DIR=\"$HOME/Music\"\n"
              "XDG_DOCUMENTS_DIR=\"$HOME/My \\\"Papers\\\"\"\n");
-  EXPECT_EQ(tree_.programPath("My \"Papers\""), documents());
+  EXPECT_EQ(documents(), tree_.programPath("My \"Papers\""));
 }
 
 TEST_F(DocumentsTest, MayBeAnAbsolutePath) {
   tree_.directory("elsewhere");
   tree_.file(".config/user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"" + tree_.path("elsewhere") + "\"\n");
-  EXPECT_EQ(tree_.programPath("elsewhere"), documents());
+  EXPECT_EQ(documents(), tree_.programPath("elsewhere"));
 }
 
 TEST_F(DocumentsTest, FollowTheConfigurationDirectory) {
   tree_.directory("papers");
   tree_.file("settings/user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"$HOME/papers\"\n");
   const ScopedVariable config("XDG_CONFIG_HOME", tree_.path("settings"));
-  EXPECT_EQ(tree_.programPath("papers"), documents());
+  EXPECT_EQ(documents(), tree_.programPath("papers"));
 }
 
 TEST_F(DocumentsTest, AreOtherwiseInTheHomeDirectory) {
   tree_.file(".config/user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"$HOME/missing\"\n");
-  EXPECT_EQ(tree_.programPath(), documents());
+  EXPECT_EQ(documents(), tree_.programPath());
   tree_.directory("Documents");
-  EXPECT_EQ(tree_.programPath("Documents"), documents());
+  EXPECT_EQ(documents(), tree_.programPath("Documents"));
 }
 
 TEST_F(DocumentsTest, AreNowhereWithoutAHome) {
   const ScopedVariable home("HOME", std::nullopt);
-  EXPECT_EQ(std::nullopt, documents());
+  EXPECT_EQ(documents(), std::nullopt);
 }
 
 TEST_F(DocumentsTest, AreTheOnlyFolderThereIs) {
-  EXPECT_EQ(std::nullopt, LinuxDesktop(DriveTable()).specialFolder(6));
+  EXPECT_EQ(LinuxDesktop(DriveTable()).specialFolder(6), std::nullopt);
 }
 
 TEST(DiskSpace, IsThatOfTheFileSystem) {
@@ -184,19 +184,19 @@ TEST(DiskSpace, IsThatOfTheFileSystem) {
   const auto space = desktop.diskSpace("T:\\");
   ASSERT_TRUE(space.has_value());
   const auto expected = std::filesystem::space(tree.root());
-  EXPECT_EQ(static_cast<std::int64_t>(expected.capacity),
-            space->totalClusters * space->sectorsPerCluster * space->bytesPerSector);
+  EXPECT_EQ(space->totalClusters * space->sectorsPerCluster * space->bytesPerSector,
+            static_cast<std::int64_t>(expected.capacity));
   EXPECT_LE(space->freeClusters, space->totalClusters);
 }
 
 TEST(Drives, AreTheCurrentOneAndThenTheOthersInOrder) {
   const std::vector<std::string> expected = {"C: [/]", "A: [/mnt/a]", "D: [/mnt/data]"};
-  EXPECT_EQ(expected, LinuxDesktop(DriveTable::parse("D:=/mnt/data/;A:=/mnt/a")).drives());
+  EXPECT_EQ(LinuxDesktop(DriveTable::parse("D:=/mnt/data/;A:=/mnt/a")).drives(), expected);
 }
 
 TEST(DiskSpace, OfAnUnknownDriveIsNothing) {
   LinuxDesktop desktop{DriveTable()};
-  EXPECT_EQ(std::nullopt, desktop.diskSpace("Q:\\").has_value() ? std::optional(0) : std::nullopt);
+  EXPECT_EQ(desktop.diskSpace("Q:\\").has_value() ? std::optional(0) : std::nullopt, std::nullopt);
 }
 
 }  // namespace

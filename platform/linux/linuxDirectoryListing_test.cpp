@@ -10,10 +10,10 @@
 #include <sys/un.h>
 #include <vector>
 
-#include "platform/linux/expectFailure.h"
 #include "platform/linux/linuxFileSystem.h"
 #include "platform/linux/temporaryTree.h"
 #include "platform/linux/withoutPrivileges.h"
+#include "testing/expectFailure.h"
 
 namespace quernstoke {
 namespace {
@@ -49,7 +49,7 @@ using Names = std::set<std::string>;
 TEST_F(Listing, GivesOutFilesAndDirectories) {
   tree_.file("a.txt");
   tree_.directory("d");
-  EXPECT_EQ((Names{"a.txt", "d"}), names());
+  EXPECT_EQ(names(), (Names{"a.txt", "d"}));
 }
 
 TEST_F(Listing, GivesTheDotEntriesAsDirectoriesThatAreNeverHidden) {
@@ -57,7 +57,7 @@ TEST_F(Listing, GivesTheDotEntriesAsDirectoriesThatAreNeverHidden) {
   std::map<std::string, int> found;
   while (listing->next())
     found[std::string(listing->name())] = listing->attributes();
-  EXPECT_EQ((std::map<std::string, int>{{".", 16}, {"..", 16}}), found);
+  EXPECT_EQ(found, (std::map<std::string, int>{{".", 16}, {"..", 16}}));
 }
 
 TEST_F(Listing, GivesDirectoriesOnlyWhenTheMaskHoldsThem) {
@@ -65,7 +65,7 @@ TEST_F(Listing, GivesDirectoriesOnlyWhenTheMaskHoldsThem) {
   tree_.directory("d");
   const auto listing = files_.list(tree_.programPath(), plainFiles);
   ASSERT_TRUE(listing->next());
-  EXPECT_EQ("a", listing->name());
+  EXPECT_EQ(listing->name(), "a");
   EXPECT_FALSE(listing->next());
 }
 
@@ -73,18 +73,18 @@ TEST_F(Listing, GivesHiddenEntriesOnlyWhenTheMaskHoldsThem) {
   tree_.file(".hidden");
   tree_.directory(".cache");
   tree_.file("seen");
-  EXPECT_EQ((Names{"seen"}), names(everything & ~attributeHidden));
-  EXPECT_EQ((Names{".hidden", ".cache", "seen"}), names());
-  EXPECT_EQ(attributeArchive | attributeHidden, at(".hidden")->attributes());
-  EXPECT_EQ(attributeDirectory | attributeHidden, at(".cache")->attributes());
+  EXPECT_EQ(names(everything & ~attributeHidden), (Names{"seen"}));
+  EXPECT_EQ(names(), (Names{".hidden", ".cache", "seen"}));
+  EXPECT_EQ(at(".hidden")->attributes(), attributeArchive | attributeHidden);
+  EXPECT_EQ(at(".cache")->attributes(), attributeDirectory | attributeHidden);
 }
 
 TEST_F(Listing, ShowsAMissingWritePermissionAsReadOnly) {
   tree_.file("fixed");
   tree_.file("free");
   ::chmod(tree_.path("fixed").c_str(), 0466);
-  EXPECT_EQ(attributeArchive | attributeReadOnly, at("fixed")->attributes());
-  EXPECT_EQ(attributeArchive, at("free")->attributes());
+  EXPECT_EQ(at("fixed")->attributes(), attributeArchive | attributeReadOnly);
+  EXPECT_EQ(at("free")->attributes(), attributeArchive);
 }
 
 TEST_F(Listing, TellsSizeAndLocalDate) {
@@ -92,8 +92,8 @@ TEST_F(Listing, TellsSizeAndLocalDate) {
   const timespec times[] = {{0, UTIME_OMIT}, {1'700'000'000, 999'999'999}};
   ::utimensat(AT_FDCWD, tree_.path("a").c_str(), times, 0);
   const auto entry = at("a");
-  EXPECT_EQ(5, entry->size());
-  EXPECT_EQ(LocalTime().at(1'700'000'000), entry->modified());
+  EXPECT_EQ(entry->size(), 5);
+  EXPECT_EQ(entry->modified(), LocalTime().at(1'700'000'000));
 }
 
 TEST_F(Listing, PassesOverAndCountsWhatIsNeitherFileNorDirectory) {
@@ -106,12 +106,12 @@ TEST_F(Listing, PassesOverAndCountsWhatIsNeitherFileNorDirectory) {
   sockaddr_un address{};
   address.sun_family = AF_UNIX;
   tree_.path("socket").copy(address.sun_path, sizeof address.sun_path - 1);
-  ASSERT_EQ(0, ::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address));
+  ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
   ::close(socket);
-  EXPECT_EQ((Names{"a"}), names());
-  EXPECT_EQ(3, files_.passedOver().links);
-  EXPECT_EQ(2, files_.passedOver().specials);
-  EXPECT_EQ(1, files_.filesMet());
+  EXPECT_EQ(names(), (Names{"a"}));
+  EXPECT_EQ(files_.passedOver().links, 3);
+  EXPECT_EQ(files_.passedOver().specials, 2);
+  EXPECT_EQ(files_.filesMet(), 1);
 }
 
 TEST_F(Listing, FailsForTheSizeOfAFileOfTwoGibibytesAndCountsItOnce) {
@@ -119,25 +119,25 @@ TEST_F(Listing, FailsForTheSizeOfAFileOfTwoGibibytesAndCountsItOnce) {
   tree_.file("fits");
   constexpr off_t limit = off_t{1} << 31;
   if (::truncate(tree_.path("large").c_str(), limit) != 0) GTEST_SKIP() << "no sparse files";
-  ASSERT_EQ(0, ::truncate(tree_.path("fits").c_str(), limit - 1));
+  ASSERT_EQ(::truncate(tree_.path("fits").c_str(), limit - 1), 0);
   const auto entry = at("large");
   EXPECT_FAILURE(overflow, entry->size());
   EXPECT_FAILURE(overflow, entry->size());
-  EXPECT_EQ(limit - 1, at("fits")->size());
-  EXPECT_EQ(1, files_.passedOver().tooLarge);
+  EXPECT_EQ(at("fits")->size(), limit - 1);
+  EXPECT_EQ(files_.passedOver().tooLarge, 1);
 }
 
 TEST_F(Listing, MapsNamesThatTheProgramCannotHold) {
   for (const char* name :
        {"a\\b", "tab\t", "line\nbreak", "\"quoted\"", "\xFF\xFE", "\xEF\x81\x9C"})
     tree_.file(name, name);
-  EXPECT_EQ((Names{"a\xEF\x81\x9C"
+  EXPECT_EQ(names(),
+            (Names{"a\xEF\x81\x9C"
                    "b",
                    "tab\xEF\x80\x89",
                    "line\xEF\x80\x8A"
                    "break",
-                   "\xEF\x80\xA2quoted\xEF\x80\xA2", "\xFF\xFE", "\xEF\x80\x80\xEF\x81\x9C"}),
-            names());
+                   "\xEF\x80\xA2quoted\xEF\x80\xA2", "\xFF\xFE", "\xEF\x80\x80\xEF\x81\x9C"}));
 }
 
 TEST_F(Listing, EveryMappedNameLeadsBackToItsFile) {
@@ -152,13 +152,13 @@ TEST_F(Listing, EveryMappedNameLeadsBackToItsFile) {
   for (const std::string& name : names()) {
     const FileNumber file = files_.open(tree_.programPath() + "\\" + name, OpenMode::sharedBinary);
     char content = 0;
-    EXPECT_EQ(1U, files_.read(file, {&content, 1}));
+    EXPECT_EQ(files_.read(file, {&content, 1}), 1U);
     files_.close(file);
     read.emplace_back(1, content);
   }
   std::sort(contents.begin(), contents.end());
   std::sort(read.begin(), read.end());
-  EXPECT_EQ(contents, read);
+  EXPECT_EQ(read, contents);
 }
 
 TEST_F(Listing, ReadsNamesOfFullLengthAndMoreEntriesThanOneBufferHolds) {
@@ -168,8 +168,8 @@ TEST_F(Listing, ReadsNamesOfFullLengthAndMoreEntriesThanOneBufferHolds) {
     tree_.file(name);
     made.insert(std::move(name));
   }
-  EXPECT_EQ(made, names());
-  EXPECT_EQ(500, files_.filesMet());
+  EXPECT_EQ(names(), made);
+  EXPECT_EQ(files_.filesMet(), 500);
 }
 
 TEST_F(Listing, KeepsTheOrderOfTheDirectory) {
@@ -182,7 +182,7 @@ TEST_F(Listing, KeepsTheOrderOfTheDirectory) {
   std::vector<std::string> directorys;
   for (const auto& entry : std::filesystem::directory_iterator(tree_.root()))
     directorys.push_back(entry.path().filename());
-  EXPECT_EQ(directorys, own);
+  EXPECT_EQ(own, directorys);
 }
 
 TEST_F(Listing, GoesDownTwoHundredDirectories) {
@@ -200,8 +200,8 @@ TEST_F(Listing, GoesDownTwoHundredDirectories) {
     if (inner.empty()) break;
     path += "\\" + inner;
   }
-  EXPECT_EQ(200, depth);
-  EXPECT_EQ(1, files_.filesMet());
+  EXPECT_EQ(depth, 200);
+  EXPECT_EQ(files_.filesMet(), 1);
 }
 
 TEST_F(Listing, AnEntryThatHasGoneAwayFailsAndCountsAsUnreadable) {
@@ -211,7 +211,7 @@ TEST_F(Listing, AnEntryThatHasGoneAwayFailsAndCountsAsUnreadable) {
   EXPECT_FAILURE(fileNotFound, entry->attributes());
   EXPECT_FAILURE(fileNotFound, entry->size());
   EXPECT_FAILURE(fileNotFound, entry->modified());
-  EXPECT_EQ(1, files_.passedOver().unreadable);
+  EXPECT_EQ(files_.passedOver().unreadable, 1);
 }
 
 TEST_F(Listing, AnEntryWhosePlaceALinkHasTakenFails) {
@@ -227,7 +227,7 @@ TEST_F(Listing, ADirectoryThatIsNotThereIsAPathNotFound) {
   EXPECT_FAILURE(pathNotFound, files_.list(tree_.programPath("none"), everything));
   EXPECT_FAILURE(pathNotFound, files_.list(tree_.programPath("file"), everything));
   EXPECT_FAILURE(pathNotFound, files_.list("Q:\\", everything));
-  EXPECT_EQ(0, files_.passedOver().unreadable);
+  EXPECT_EQ(files_.passedOver().unreadable, 0);
 }
 
 TEST_F(Listing, ADirectoryThatMayNotBeReadFailsAndIsCountedOnce) {
@@ -237,7 +237,7 @@ TEST_F(Listing, ADirectoryThatMayNotBeReadFailsAndIsCountedOnce) {
   ::chmod(tree_.path("closed").c_str(), 0);
   for (int i = 0; i < 2; ++i)
     EXPECT_FAILURE(pathFileAccess, files_.list(tree_.programPath("closed"), everything));
-  EXPECT_EQ(1, files_.passedOver().unreadable);
+  EXPECT_EQ(files_.passedOver().unreadable, 1);
   ::chmod(tree_.path("closed").c_str(), 0700);
 }
 
@@ -252,10 +252,10 @@ TEST_F(Listing, EntriesOfADirectoryThatMayNotBeSearchedAreGivenOutAndFail) {
   while (listing->next()) {
     if (listing->name() == "." || listing->name() == "..") continue;
     ++entries;
-    EXPECT_NE(std::nullopt, failureOf([&] { listing->attributes(); }));
+    EXPECT_NE(failureOf([&] { listing->attributes(); }), std::nullopt);
   }
-  EXPECT_EQ(2, entries);
-  EXPECT_EQ(2, files_.passedOver().unreadable);
+  EXPECT_EQ(entries, 2);
+  EXPECT_EQ(files_.passedOver().unreadable, 2);
   ::chmod(tree_.path("listable").c_str(), 0700);
 }
 
@@ -267,7 +267,7 @@ TEST_F(Listing, ADirectoryReadThatBreaksIsADeviceError) {
   LinuxDirectoryListing listing(Descriptor(::open(tree_.path("file").c_str(), O_RDONLY)),
                                 tree_.path("file"), everything, tally, localTime);
   EXPECT_FAILURE(deviceError, listing.next());
-  EXPECT_EQ(1U, tally.unreadable.size());
+  EXPECT_EQ(tally.unreadable.size(), 1U);
 }
 
 TEST_F(Listing, ADirectoryRemovedWhileItIsReadJustEnds) {
@@ -283,7 +283,7 @@ TEST_F(Listing, OfANamedLinkIsThatOfItsTarget) {
   tree_.link("link", "real");
   const auto listing = files_.list(tree_.programPath("link"), plainFiles);
   ASSERT_TRUE(listing->next());
-  EXPECT_EQ("inner", listing->name());
+  EXPECT_EQ(listing->name(), "inner");
 }
 
 }  // namespace

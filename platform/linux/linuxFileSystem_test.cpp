@@ -5,10 +5,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "platform/linux/expectFailure.h"
 #include "platform/linux/scopedVariable.h"
 #include "platform/linux/temporaryTree.h"
 #include "platform/linux/withoutPrivileges.h"
+#include "testing/expectFailure.h"
 
 namespace quernstoke {
 namespace {
@@ -37,22 +37,22 @@ TEST_F(LinuxFiles, ThatWereWrittenOverAreNoLongerAsTheyWereSeen) {
   for (const bool putBack : {false, true}) {
     tree_.file("file", "content");
     struct stat facts {};
-    ASSERT_EQ(0, ::stat(tree_.path("file").c_str(), &facts));
+    ASSERT_EQ(::stat(tree_.path("file").c_str(), &facts), 0);
     const SeenFile before = files_.lookWalked(at("file"), tree_.programPath());
     tree_.waitForTheNextTick("file");
     tree_.file("file", "another");
     const timespec times[] = {facts.st_atim, facts.st_mtim};
     if (putBack) ::utimensat(AT_FDCWD, tree_.path("file").c_str(), times, 0);
     EXPECT_FAILURE(fileChanged, files_.removeSeen(at("file"), tree_.programPath(), before));
-    EXPECT_EQ("another", tree_.content("file"));
+    EXPECT_EQ(tree_.content("file"), "another");
   }
 }
 
 TEST_F(LinuxFiles, FindADirectoryInAnotherCase) {
   tree_.file("Müsli/Inner/File.TXT", "x");
   EXPECT_TRUE(files_.canEnter(at("müsli\\INNER")));
-  EXPECT_EQ("x", firstByte(at("MÜSLI\\inner\\file.txt")));
-  EXPECT_EQ(attributeArchive, files_.attributes(at("müsli\\inner\\file.txt")));
+  EXPECT_EQ(firstByte(at("MÜSLI\\inner\\file.txt")), "x");
+  EXPECT_EQ(files_.attributes(at("müsli\\inner\\file.txt")), attributeArchive);
 }
 
 TEST_F(LinuxFiles, PreferTheExactName) {
@@ -61,22 +61,22 @@ TEST_F(LinuxFiles, PreferTheExactName) {
   tree_.file("File", "3");
   tree_.file("Dir/x", "4");
   tree_.file("dir/x", "5");
-  EXPECT_EQ("1", firstByte(at("FILE")));
-  EXPECT_EQ("2", firstByte(at("file")));
-  EXPECT_EQ("3", firstByte(at("File")));
-  EXPECT_EQ("4", firstByte(at("Dir\\x")));
-  EXPECT_EQ("5", firstByte(at("dir\\x")));
+  EXPECT_EQ(firstByte(at("FILE")), "1");
+  EXPECT_EQ(firstByte(at("file")), "2");
+  EXPECT_EQ(firstByte(at("File")), "3");
+  EXPECT_EQ(firstByte(at("Dir\\x")), "4");
+  EXPECT_EQ(firstByte(at("dir\\x")), "5");
 }
 
 TEST_F(LinuxFiles, PassAFileByWhereADirectoryIsWanted) {
   tree_.file("music", "a file");
   tree_.file("Music/song", "x");
-  EXPECT_EQ("x", firstByte(at("music\\song")));
+  EXPECT_EQ(firstByte(at("music\\song")), "x");
 }
 
 TEST_F(LinuxFiles, FindNamesWithReservedCharactersInAnotherCase) {
   tree_.file("A:B", "x");
-  EXPECT_EQ("x", firstByte(at(windowsName("a:b"))));
+  EXPECT_EQ(firstByte(at(windowsName("a:b"))), "x");
 }
 
 TEST_F(LinuxFiles, ReachPathsLongerThanTheSystemTakes) {
@@ -90,10 +90,10 @@ TEST_F(LinuxFiles, ReachPathsLongerThanTheSystemTakes) {
   const FileNumber number = files_.open(file, OpenMode::output);
   files_.write(number, "x");
   files_.close(number);
-  EXPECT_EQ("x", firstByte(path + "\\file"));
+  EXPECT_EQ(firstByte(path + "\\file"), "x");
   const auto listing = files_.list(path, attributeArchive);
   EXPECT_TRUE(listing->next());
-  EXPECT_EQ("File", listing->name());
+  EXPECT_EQ(listing->name(), "File");
   files_.rename(file, path + "\\Other");
   files_.remove(path + "\\Other");
   EXPECT_FAILURE(fileNotFound, files_.length(file));
@@ -107,7 +107,7 @@ TEST_F(LinuxFiles, UseTheDrivesOfTheEnvironment) {
   tree_.file("a", "x");
   const ScopedVariable variable("QUERNSTOKE_DRIVES", "M:=" + tree_.root());
   LinuxFileSystem files;
-  EXPECT_EQ(1, files.length("m:\\a"));
+  EXPECT_EQ(files.length("m:\\a"), 1);
   EXPECT_TRUE(files.canEnter("M:"));
   EXPECT_FALSE(files.canEnter("N:"));
 }
@@ -118,7 +118,7 @@ TEST_F(LinuxFiles, EnteringADirectoryLeavesTheCurrentOneAsItWas) {
   EXPECT_TRUE(files_.canEnter(at("")));
   EXPECT_FALSE(files_.canEnter(at("none")));
   EXPECT_FALSE(files_.canEnter(at("file")));
-  EXPECT_EQ(before, std::filesystem::current_path());
+  EXPECT_EQ(std::filesystem::current_path(), before);
 }
 
 TEST_F(LinuxFiles, ADirectoryThatMayNotBeEnteredCannotBe) {
@@ -157,21 +157,21 @@ TEST_F(LinuxFiles, TellAttributesThroughLinks) {
   tree_.file(".dot");
   tree_.directory("d");
   tree_.link("link", ".dot");
-  EXPECT_EQ(attributeArchive | attributeHidden, files_.attributes(at(".dot")));
-  EXPECT_EQ(attributeDirectory, files_.attributes(at("d")));
-  EXPECT_EQ(attributeDirectory, files_.attributes(at("d\\..\\d\\.")));
-  EXPECT_EQ(attributeArchive, files_.attributes(at("link")));
-  EXPECT_EQ(attributeDirectory, files_.attributes("C:\\") & attributeDirectory);
+  EXPECT_EQ(files_.attributes(at(".dot")), attributeArchive | attributeHidden);
+  EXPECT_EQ(files_.attributes(at("d")), attributeDirectory);
+  EXPECT_EQ(files_.attributes(at("d\\..\\d\\.")), attributeDirectory);
+  EXPECT_EQ(files_.attributes(at("link")), attributeArchive);
+  EXPECT_EQ(files_.attributes("C:\\") & attributeDirectory, attributeDirectory);
 }
 
 TEST_F(LinuxFiles, ClearTheReadOnlyBitAndNothingElse) {
   tree_.file("fixed");
   ::chmod(tree_.path("fixed").c_str(), 0444);
-  EXPECT_EQ(attributeArchive | attributeReadOnly, files_.attributes(at("fixed")));
+  EXPECT_EQ(files_.attributes(at("fixed")), attributeArchive | attributeReadOnly);
   files_.clearAttributes(at("Fixed"));
   struct stat facts;
-  ASSERT_EQ(0, ::stat(tree_.path("fixed").c_str(), &facts));
-  EXPECT_EQ(0644U, facts.st_mode & 07777U);
+  ASSERT_EQ(::stat(tree_.path("fixed").c_str(), &facts), 0);
+  EXPECT_EQ(facts.st_mode & 07777U, 0644U);
   EXPECT_FAILURE(fileNotFound, files_.clearAttributes(at("none")));
 }
 
@@ -179,9 +179,9 @@ TEST_F(LinuxFiles, TellLengthAndDate) {
   tree_.file("a", "12345");
   const timespec times[] = {{0, UTIME_OMIT}, {1'600'000'000, 0}};
   ::utimensat(AT_FDCWD, tree_.path("a").c_str(), times, 0);
-  EXPECT_EQ(5, files_.length(at("a")));
-  EXPECT_EQ(LocalTime().at(1'600'000'000), files_.modified(at("A")));
-  EXPECT_EQ(0, files_.length(at("")));
+  EXPECT_EQ(files_.length(at("a")), 5);
+  EXPECT_EQ(files_.modified(at("A")), LocalTime().at(1'600'000'000));
+  EXPECT_EQ(files_.length(at("")), 0);
 }
 
 TEST_F(LinuxFiles, FailForTheLengthOfTwoGibibytes) {
@@ -206,7 +206,7 @@ TEST_F(LinuxFiles, RemovingALinkLeavesItsTarget) {
   files_.remove(at("dangling"));
   EXPECT_FALSE(tree_.exists("link"));
   EXPECT_FALSE(tree_.exists("dangling"));
-  EXPECT_EQ("kept", tree_.content("target"));
+  EXPECT_EQ(tree_.content("target"), "kept");
 }
 
 TEST_F(LinuxFiles, ARefusedRemovalIsAPermissionDenied) {
@@ -224,7 +224,7 @@ TEST_F(LinuxFiles, RenameKeepsTheCaseGiven) {
   tree_.directory("Dir");
   files_.rename(at("old"), at("dir\\New"));
   EXPECT_FALSE(tree_.exists("Old"));
-  EXPECT_EQ("x", tree_.content("Dir/New"));
+  EXPECT_EQ(tree_.content("Dir/New"), "x");
 }
 
 TEST_F(LinuxFiles, RenameNeverReplaces) {
@@ -236,8 +236,8 @@ TEST_F(LinuxFiles, RenameNeverReplaces) {
   EXPECT_FAILURE(fileAlreadyExists, files_.rename(at("from"), at("OTHER")));
   EXPECT_FAILURE(fileAlreadyExists, files_.rename(at("from"), at("dangling")));
   EXPECT_FAILURE(fileAlreadyExists, files_.rename(at("from"), at("from")));
-  EXPECT_EQ("from", tree_.content("from"));
-  EXPECT_EQ("to", tree_.content("to"));
+  EXPECT_EQ(tree_.content("from"), "from");
+  EXPECT_EQ(tree_.content("to"), "to");
 }
 
 // Who may not look can't say that it is another file.

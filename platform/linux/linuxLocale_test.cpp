@@ -43,32 +43,32 @@ void expectTold(const std::string& pattern) {
 TEST(LinuxLocale, FormatsDatesAsTheCLocaleDoes) {
   const ScopedVariable all("LC_ALL", "C");
   LinuxLocale locale;
-  EXPECT_EQ("12/31/24", locale.shortDate(newYearsEve));
-  EXPECT_EQ("12/31/24 23:59:58", locale.generalDate(newYearsEve));
+  EXPECT_EQ(locale.shortDate(newYearsEve), "12/31/24");
+  EXPECT_EQ(locale.generalDate(newYearsEve), "12/31/24 23:59:58");
 }
 
 TEST(LinuxLocale, GivesTheSeparatorsOfTheCLocale) {
   const ScopedVariable all("LC_ALL", "C");
   LinuxLocale locale;
-  EXPECT_EQ("", locale.thousandsSeparator());
-  EXPECT_EQ(".", locale.decimalPoint());
+  EXPECT_EQ(locale.thousandsSeparator(), "");
+  EXPECT_EQ(locale.decimalPoint(), ".");
 }
 
 TEST(LinuxLocale, AMissingLocaleIsTheCLocale) {
   const ScopedVariable all("LC_ALL", "xx_NOWHERE.UTF-8");
-  EXPECT_EQ("12/31/24", LinuxLocale().shortDate(newYearsEve));
+  EXPECT_EQ(LinuxLocale().shortDate(newYearsEve), "12/31/24");
 }
 
 TEST(LinuxLocale, MapsCaseWhateverTheLocale) {
   const ScopedVariable all("LC_ALL", "C");
   LinuxLocale locale;
-  EXPECT_EQ("ä\xFFω", locale.lower("Ä\xFFΩ"));
-  EXPECT_EQ("Ä\xFFΩ", locale.upper("ä\xFFω"));
+  EXPECT_EQ(locale.lower("Ä\xFFΩ"), "ä\xFFω");
+  EXPECT_EQ(locale.upper("ä\xFFω"), "Ä\xFFΩ");
 }
 
 TEST(LinuxLocale, DatesOfThreeDigitYearsCanBeShown) {
   const ScopedVariable all("LC_ALL", "C");
-  EXPECT_EQ("01/02/00", LinuxLocale().shortDate(dateTime({100, 1, 2, 0, 0, 0})));
+  EXPECT_EQ(LinuxLocale().shortDate(dateTime({100, 1, 2, 0, 0, 0})), "01/02/00");
 }
 
 TEST_F(MadeLocalesDeathTest, FollowTheEnvironmentAndNotTheProcess) {

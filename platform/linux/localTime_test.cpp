@@ -41,17 +41,17 @@ DateTime accordingToTheSystem(std::time_t moment) {
 TEST(LocalTime, AddsTheOffsetOfTheSeason) {
   const ScopedZone zone(centralEurope);
   LocalTime local;
-  EXPECT_EQ((CivilTime{2024, 1, 15, 13, 0, 0}), civilTime(local.at(1705320000)));
-  EXPECT_EQ((CivilTime{2024, 7, 15, 14, 0, 0}), civilTime(local.at(1721044800)));
+  EXPECT_EQ(civilTime(local.at(1705320000)), (CivilTime{2024, 1, 15, 13, 0, 0}));
+  EXPECT_EQ(civilTime(local.at(1721044800)), (CivilTime{2024, 7, 15, 14, 0, 0}));
 }
 
 TEST(LocalTime, ChangesTheOffsetAtTheExactSecond) {
   const ScopedZone zone(centralEurope);
   LocalTime local;
   constexpr std::int64_t change = 1711846800;  // 2024-03-31 01:00:00 UTC.
-  EXPECT_EQ((CivilTime{2024, 3, 31, 1, 59, 59}), civilTime(local.at(change - 1)));
-  EXPECT_EQ((CivilTime{2024, 3, 31, 3, 0, 0}), civilTime(local.at(change)));
-  EXPECT_EQ((CivilTime{2024, 3, 31, 1, 59, 59}), civilTime(local.at(change - 1)));
+  EXPECT_EQ(civilTime(local.at(change - 1)), (CivilTime{2024, 3, 31, 1, 59, 59}));
+  EXPECT_EQ(civilTime(local.at(change)), (CivilTime{2024, 3, 31, 3, 0, 0}));
+  EXPECT_EQ(civilTime(local.at(change - 1)), (CivilTime{2024, 3, 31, 1, 59, 59}));
 }
 
 TEST(LocalTime, AgreesWithTheSystemWhereAnOffsetChangesWithinAQuarterOfAnHour) {
@@ -59,23 +59,23 @@ TEST(LocalTime, AgreesWithTheSystemWhereAnOffsetChangesWithinAQuarterOfAnHour) {
   LocalTime local;
   constexpr std::int64_t nearChange = 1711846800;
   for (std::int64_t moment = nearChange - 7200; moment < nearChange + 7200; moment += 7)
-    ASSERT_EQ(accordingToTheSystem(moment), local.at(moment)) << moment;
+    ASSERT_EQ(local.at(moment), accordingToTheSystem(moment)) << moment;
 }
 
 TEST(LocalTime, AgreesWithTheSystemOverTheCenturies) {
   const ScopedZone zone(centralEurope);
   LocalTime local;
   for (std::int64_t moment = -30'000'000'000; moment < 60'000'000'000; moment += 12'345'678)
-    ASSERT_EQ(accordingToTheSystem(moment), local.at(moment)) << moment;
+    ASSERT_EQ(local.at(moment), accordingToTheSystem(moment)) << moment;
 }
 
 TEST(LocalTime, StaysWithinTheCalendar) {
   const ScopedZone zone(centralEurope);
   LocalTime local;
   const DateTime last = dateTime({9999, 12, 31, 23, 59, 59});
-  EXPECT_EQ(last, local.at(last.seconds));
-  EXPECT_EQ(last, local.at(std::numeric_limits<std::int64_t>::max()));
-  EXPECT_EQ(100, civilTime(local.at(std::numeric_limits<std::int64_t>::min())).year);
+  EXPECT_EQ(local.at(last.seconds), last);
+  EXPECT_EQ(local.at(std::numeric_limits<std::int64_t>::max()), last);
+  EXPECT_EQ(civilTime(local.at(std::numeric_limits<std::int64_t>::min())).year, 100);
 }
 
 TEST(LinuxClock, TellsLocalTime) {

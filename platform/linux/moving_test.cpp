@@ -41,8 +41,9 @@ class PatientPerson : public ScriptedDialogs {
 class MovingOnDisk : public EngineTest {
  protected:
   MovingOnDisk() {
-    usePlatform({&files_, &archiveLibrary, &person_, &desk, &eventLoop, &clock, &locale,
-                 &mainWindow, &statusWindow, &resultsWindow});
+    platform.files = &files_;
+    platform.dialogs = &person_;
+    usePlatform(platform);
     tree_.directory("left");
     tree_.directory("right");
   }
@@ -211,7 +212,7 @@ TEST_F(MovingOnDisk, SubDirectoryOfADirectoryThatVanishesLeavesTheFile) {
   tree_.file("left/sub/song", "music");
   person_.onQuestion = [this] { std::filesystem::remove(tree_.path("right")); };
   EXPECT_EQ(move("song", "sub"), at("left/sub"));
-  EXPECT_EQ("music", tree_.content("left/sub/song"));
+  EXPECT_EQ(tree_.content("left/sub/song"), "music");
   EXPECT_FALSE(tree_.exists("right"));
 }
 
@@ -220,7 +221,7 @@ TEST_F(MovingOnDisk, TargetThatAppearsMeanwhileIsNotReplaced) {
   person_.onQuestion = [this] { tree_.file("right/song", "another"); };
   move("song");
   expectStayed("left/song", "music", "Destination file already exists. Move failed", {"song"});
-  EXPECT_EQ("another", tree_.content("right/song"));
+  EXPECT_EQ(tree_.content("right/song"), "another");
 }
 
 TEST_F(MovingOnDisk, TargetOfAnotherCaseIsNotReplacedNorJoined) {
@@ -276,7 +277,7 @@ TEST_F(MovingOnDisk, OtherNameOfTheSameFileStays) {
   std::filesystem::create_hard_link(tree_.path("left/song"), tree_.path("left/other"));
   move("song");
   expectMoved("left/song", "right/song", "music");
-  EXPECT_EQ("music", tree_.content("left/other"));
+  EXPECT_EQ(tree_.content("left/other"), "music");
 }
 
 TEST_F(MovingOnDisk, LinkThatTookTheFilesPlaceIsNotMoved) {

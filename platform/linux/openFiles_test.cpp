@@ -8,10 +8,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "platform/linux/expectFailure.h"
 #include "platform/linux/linuxFileSystem.h"
 #include "platform/linux/temporaryTree.h"
 #include "platform/linux/withoutPrivileges.h"
+#include "testing/expectFailure.h"
 
 namespace quernstoke {
 namespace {
@@ -33,14 +33,14 @@ class OpenedFiles : public testing::Test {
 
 TEST_F(OpenedFiles, GetTheSmallestFreeNumber) {
   tree_.file("a");
-  EXPECT_EQ(1, open("a", OpenMode::input));
-  EXPECT_EQ(2, open("a", OpenMode::sharedBinary));
-  EXPECT_EQ(3, open("a", OpenMode::binary));
+  EXPECT_EQ(open("a", OpenMode::input), 1);
+  EXPECT_EQ(open("a", OpenMode::sharedBinary), 2);
+  EXPECT_EQ(open("a", OpenMode::binary), 3);
   files_.close(1);
   files_.close(2);
-  EXPECT_EQ(1, open("a", OpenMode::input));
-  EXPECT_EQ(2, open("a", OpenMode::input));
-  EXPECT_EQ(4, open("a", OpenMode::input));
+  EXPECT_EQ(open("a", OpenMode::input), 1);
+  EXPECT_EQ(open("a", OpenMode::input), 2);
+  EXPECT_EQ(open("a", OpenMode::input), 4);
 }
 
 TEST_F(OpenedFiles, ANumberThatIsNotInUseFails) {
@@ -69,20 +69,20 @@ TEST_F(OpenedFiles, AreClosedWithTheFileSystem) {
   {
     LinuxFileSystem files{DriveTable()};
     files.open(tree_.programPath("a"), OpenMode::input);
-    EXPECT_EQ(before + 1, openDescriptors());
+    EXPECT_EQ(openDescriptors(), before + 1);
   }
-  EXPECT_EQ(before, openDescriptors());
+  EXPECT_EQ(openDescriptors(), before);
 }
 
 TEST_F(OpenedFiles, ReadFromTheirOwnPosition) {
   tree_.file("a", "abcdef");
   const FileNumber first = open("a", OpenMode::sharedBinary);
   const FileNumber second = open("a", OpenMode::sharedBinary);
-  EXPECT_EQ("abc", read(first, 3));
-  EXPECT_EQ("ab", read(second, 2));
-  EXPECT_EQ("def", read(first, 3));
+  EXPECT_EQ(read(first, 3), "abc");
+  EXPECT_EQ(read(second, 2), "ab");
+  EXPECT_EQ(read(first, 3), "def");
   files_.seek(second, 4);
-  EXPECT_EQ("ef", read(second, 9));
+  EXPECT_EQ(read(second, 9), "ef");
 }
 
 TEST_F(OpenedFiles, ReadingPastTheEndGivesNothingAndIsNoFailure) {
@@ -91,7 +91,7 @@ TEST_F(OpenedFiles, ReadingPastTheEndGivesNothingAndIsNoFailure) {
   for (const std::int64_t position :
        {std::int64_t{3}, std::int64_t{1} << 40, std::numeric_limits<std::int64_t>::max()}) {
     files_.seek(file, position);
-    EXPECT_EQ("", read(file, 10));
+    EXPECT_EQ(read(file, 10), "");
     EXPECT_TRUE(files_.atEnd(file));
   }
 }
@@ -129,37 +129,37 @@ TEST_F(OpenedFiles, InputFilesAreAtTheirEndWithTheLastByteRead) {
 TEST_F(OpenedFiles, AFileThatGrowsIsReadOn) {
   tree_.file("a", "abc");
   const FileNumber file = open("a", OpenMode::input);
-  EXPECT_EQ("abc", read(file, 10));
+  EXPECT_EQ(read(file, 10), "abc");
   EXPECT_TRUE(files_.atEnd(file));
   std::ofstream(tree_.path("a"), std::ios::app) << "def";
   EXPECT_FALSE(files_.atEnd(file));
-  EXPECT_EQ("def", read(file, 10));
-  EXPECT_EQ(6, files_.openLength(file));
+  EXPECT_EQ(read(file, 10), "def");
+  EXPECT_EQ(files_.openLength(file), 6);
 }
 
 TEST_F(OpenedFiles, AFileThatShrinksEndsEarlier) {
   tree_.file("a", "abcdef");
   const FileNumber file = open("a", OpenMode::sharedBinary);
-  EXPECT_EQ("abc", read(file, 3));
+  EXPECT_EQ(read(file, 3), "abc");
   std::filesystem::resize_file(tree_.path("a"), 2);
-  EXPECT_EQ("", read(file, 3));
+  EXPECT_EQ(read(file, 3), "");
 }
 
 // Bytes are read ahead, but never in place of what was written or sought meanwhile.
 TEST_F(OpenedFiles, SingleBytesFollowSeeksAndWrites) {
   tree_.file("a", "abcdef");
   const FileNumber file = open("a", OpenMode::binary);
-  EXPECT_EQ("a", read(file, 1));
-  EXPECT_EQ("b", read(file, 1));
+  EXPECT_EQ(read(file, 1), "a");
+  EXPECT_EQ(read(file, 1), "b");
   files_.write(file, "XY");
   files_.seek(file, 1);
   for (const char* byte : {"b", "X", "Y", "e", "f", ""})
-    EXPECT_EQ(byte, read(file, 1));
+    EXPECT_EQ(read(file, 1), byte);
   EXPECT_TRUE(files_.atEnd(file));
   files_.seek(file, 5000);
-  EXPECT_EQ("", read(file, 1));
+  EXPECT_EQ(read(file, 1), "");
   files_.seek(file, 0);
-  EXPECT_EQ("a", read(file, 1));
+  EXPECT_EQ(read(file, 1), "a");
 }
 
 TEST_F(OpenedFiles, OutputCutsAndBinaryDoesNot) {
@@ -167,19 +167,19 @@ TEST_F(OpenedFiles, OutputCutsAndBinaryDoesNot) {
   tree_.file("kept", "123456");
   files_.write(open("cut", OpenMode::output), "ab");
   files_.write(open("kept", OpenMode::binary), "ab");
-  EXPECT_EQ("ab", tree_.content("cut"));
-  EXPECT_EQ("ab3456", tree_.content("kept"));
+  EXPECT_EQ(tree_.content("cut"), "ab");
+  EXPECT_EQ(tree_.content("kept"), "ab3456");
 }
 
 TEST_F(OpenedFiles, WritingMovesThePositionOn) {
   const FileNumber file = open("new", OpenMode::binary);
   files_.write(file, "abc");
   files_.write(file, "def");
-  EXPECT_EQ("", read(file, 1));
+  EXPECT_EQ(read(file, 1), "");
   files_.seek(file, 2);
   files_.write(file, "X");
-  EXPECT_EQ("def", read(file, 9));
-  EXPECT_EQ("abXdef", tree_.content("new"));
+  EXPECT_EQ(read(file, 9), "def");
+  EXPECT_EQ(tree_.content("new"), "abXdef");
 }
 
 TEST_F(OpenedFiles, WritingToAFileOpenedForReadingFails) {
@@ -190,15 +190,15 @@ TEST_F(OpenedFiles, WritingToAFileOpenedForReadingFails) {
 
 TEST_F(OpenedFiles, WritingWithoutRoomIsADiskFull) {
   rlimit before{};
-  ASSERT_EQ(0, ::getrlimit(RLIMIT_FSIZE, &before));
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
   const FileNumber file = open("a", OpenMode::output);
   const auto handler = std::signal(SIGXFSZ, SIG_IGN);
   const rlimit small{4, before.rlim_max};
-  ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &small));
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
   const auto failure = failureOf([&] { files_.write(file, "12345678"); });
   ::setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, handler);
-  EXPECT_EQ(FailureNumber::diskFull, failure);
+  EXPECT_EQ(failure, FailureNumber::diskFull);
 }
 
 TEST_F(OpenedFiles, OnlyOutputAndBinaryMakeAMissingFile) {
@@ -215,9 +215,9 @@ TEST_F(OpenedFiles, OnlyOutputAndBinaryMakeAMissingFile) {
 TEST_F(OpenedFiles, AFileInAnotherCaseIsUsedAndNotMadeAnew) {
   tree_.file("Name", "old");
   files_.write(open("NAME", OpenMode::binary), "n");
-  EXPECT_EQ("nld", tree_.content("Name"));
+  EXPECT_EQ(tree_.content("Name"), "nld");
   files_.write(open("name", OpenMode::output), "o");
-  EXPECT_EQ("o", tree_.content("Name"));
+  EXPECT_EQ(tree_.content("Name"), "o");
   EXPECT_FALSE(tree_.exists("NAME"));
   EXPECT_FALSE(tree_.exists("name"));
 }
@@ -227,13 +227,13 @@ TEST_F(OpenedFiles, AreNeverReadThroughALinkOfTheScan) {
   tree_.link("link", "target");
   EXPECT_FAILURE(pathFileAccess, open("link", OpenMode::sharedBinary));
   EXPECT_FAILURE(pathFileAccess, open("link", OpenMode::update));
-  EXPECT_EQ("x", read(open("link", OpenMode::input), 1));
+  EXPECT_EQ(read(open("link", OpenMode::input), 1), "x");
 }
 
 TEST_F(OpenedFiles, ALinkThatLeadsNowhereIsNotWrittenThrough) {
   tree_.link("dangling", "made");
   for (const OpenMode mode : {OpenMode::output, OpenMode::binary})
-    EXPECT_NE(std::nullopt, failureOf([&] { open("dangling", mode); }));
+    EXPECT_NE(failureOf([&] { open("dangling", mode); }), std::nullopt);
   EXPECT_FALSE(tree_.exists("made"));
 }
 
@@ -241,8 +241,8 @@ TEST_F(OpenedFiles, ALinkThatLeadsNowhereIsNotWrittenThrough) {
 TEST_F(OpenedFiles, AFifoNeverHangs) {
   tree_.fifo("fifo");
   const FileNumber file = open("fifo", OpenMode::sharedBinary);
-  EXPECT_NE(std::nullopt, failureOf([&] { read(file, 1); }));
-  EXPECT_EQ(1, files_.passedOver().unreadable);
+  EXPECT_NE(failureOf([&] { read(file, 1); }), std::nullopt);
+  EXPECT_EQ(files_.passedOver().unreadable, 1);
   for (const OpenMode mode :
        {OpenMode::input, OpenMode::output, OpenMode::binary, OpenMode::update})
     EXPECT_FAILURE(pathFileAccess, open("fifo", mode));
@@ -263,7 +263,7 @@ TEST_F(OpenedFiles, ARefusedFileFailsAndIsCountedOnce) {
   ::chmod(tree_.path("closed").c_str(), 0);
   EXPECT_FAILURE(permissionDenied, open("closed", OpenMode::sharedBinary));
   EXPECT_FAILURE(permissionDenied, open("closed", OpenMode::sharedBinary));
-  EXPECT_EQ(1, files_.passedOver().unreadable);
+  EXPECT_EQ(files_.passedOver().unreadable, 1);
 }
 
 TEST_F(OpenedFiles, TooManyOpenFilesIsAnAccessError) {
@@ -272,15 +272,15 @@ TEST_F(OpenedFiles, TooManyOpenFilesIsAnAccessError) {
 #endif
   tree_.file("a");
   rlimit before{};
-  ASSERT_EQ(0, ::getrlimit(RLIMIT_NOFILE, &before));
+  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
   const rlimit small{32, before.rlim_max};
-  ASSERT_EQ(0, ::setrlimit(RLIMIT_NOFILE, &small));
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &small), 0);
   const auto failure = failureOf([&] {
     for (int i = 0; i < 64; ++i)
       open("a", OpenMode::input);
   });
   ::setrlimit(RLIMIT_NOFILE, &before);
-  EXPECT_EQ(FailureNumber::pathFileAccess, failure);
+  EXPECT_EQ(failure, FailureNumber::pathFileAccess);
 }
 
 }  // namespace

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/linux/expectFailure.h"
 #include "platform/linux/scopedVariable.h"
+#include "testing/expectFailure.h"
 
 namespace quernstoke {
 namespace {
@@ -24,15 +24,15 @@ std::string roundTrip(const std::string& name) {
 TEST(PathMapping, LeavesOrdinaryNamesAlone) {
   for (const char* name :
        {"", "readme.txt", ".profile", "a b", "M\xC3\xBCsli", "~!@#$%^&()[]{};',`"}) {
-    EXPECT_EQ(name, windowsName(name));
+    EXPECT_EQ(windowsName(name), name);
     EXPECT_FALSE(needsWindowsName(name));
   }
 }
 
 TEST(PathMapping, ShowsReservedCharactersAsStandIns) {
   for (const unsigned char reserved : std::string("\\:*?\"<>|\x01\t\n\x1F"))
-    EXPECT_EQ("a" + utf8(0xF000U + reserved) + "b",
-              windowsName("a" + std::string(1, static_cast<char>(reserved)) + "b"));
+    EXPECT_EQ(windowsName("a" + std::string(1, static_cast<char>(reserved)) + "b"),
+              "a" + utf8(0xF000U + reserved) + "b");
 }
 
 TEST(PathMapping, HidesEveryCharacterThatARecordOrPathCouldTripOver) {
@@ -40,7 +40,7 @@ TEST(PathMapping, HidesEveryCharacterThatARecordOrPathCouldTripOver) {
   for (int byte = 1; byte < 128; ++byte)
     if (byte != '/') all += static_cast<char>(byte);
   const std::string shown = windowsName(all);
-  EXPECT_EQ(std::string::npos, shown.find_first_of("\\:*?\"<>|\r\n\t"));
+  EXPECT_EQ(shown.find_first_of("\\:*?\"<>|\r\n\t"), std::string::npos);
   for (const char character : shown)
     EXPECT_FALSE(character >= 1 && character < 32);
 }
@@ -48,7 +48,7 @@ TEST(PathMapping, HidesEveryCharacterThatARecordOrPathCouldTripOver) {
 TEST(PathMapping, EverySingleByteSurvivesTheRoundTrip) {
   for (int byte = 1; byte < 256; ++byte) {
     const std::string name = "a" + std::string(1, static_cast<char>(byte)) + "b";
-    EXPECT_EQ(name, roundTrip(name)) << byte;
+    EXPECT_EQ(roundTrip(name), name) << byte;
   }
 }
 
@@ -76,41 +76,41 @@ TEST(PathMapping, EveryPairOfCriticalPiecesSurvivesTheRoundTripUnderItsOwnName) 
     for (const std::string& second : pieces)
       for (const std::string& third : pieces) {
         const std::string name = first + second + third;
-        EXPECT_EQ(name, roundTrip(name));
+        EXPECT_EQ(roundTrip(name), name);
         linuxNames.insert(name);
         windowsNames.insert(windowsName(name));
       }
-  EXPECT_EQ(linuxNames.size(), windowsNames.size());
+  EXPECT_EQ(windowsNames.size(), linuxNames.size());
 }
 
 TEST(PathMapping, ALiteralStandInIsEscaped) {
-  EXPECT_EQ(utf8(0xF000) + utf8(0xF05C), windowsName(utf8(0xF05C)));
-  EXPECT_EQ(utf8(0xF05C), windowsName("\\"));
-  EXPECT_EQ(utf8(0xF041), windowsName(utf8(0xF041)));
+  EXPECT_EQ(windowsName(utf8(0xF05C)), utf8(0xF000) + utf8(0xF05C));
+  EXPECT_EQ(windowsName("\\"), utf8(0xF05C));
+  EXPECT_EQ(windowsName(utf8(0xF041)), utf8(0xF041));
 }
 
 TEST(PathMapping, AnEscapeThatEscapesNothingStandsForItself) {
-  EXPECT_EQ(utf8(0xF000) + "a", linuxName(utf8(0xF000) + "a"));
-  EXPECT_EQ(utf8(0xF000), linuxName(utf8(0xF000)));
+  EXPECT_EQ(linuxName(utf8(0xF000) + "a"), utf8(0xF000) + "a");
+  EXPECT_EQ(linuxName(utf8(0xF000)), utf8(0xF000));
 }
 
 using Paths = std::vector<std::pair<std::string, std::string>>;
 
 void expectLinuxPaths(const DriveTable& drives, const Paths& linuxByProgram) {
   for (const auto& [program, expected] : linuxByProgram)
-    EXPECT_EQ(expected, drives.linuxPath(program)) << program;
+    EXPECT_EQ(drives.linuxPath(program), expected) << program;
 }
 
 void expectProgramPaths(const DriveTable& drives, const Paths& programByLinux) {
   for (const auto& [path, expected] : programByLinux)
-    EXPECT_EQ(expected, drives.programPath(path)) << path;
+    EXPECT_EQ(drives.programPath(path), expected) << path;
 }
 
 TEST(DriveTable, RootIsDriveC) {
   const DriveTable drives;
   expectLinuxPaths(drives, {{"C:\\", "/"}, {"c:", "/"}, {"\\", "/"}});
-  EXPECT_EQ("C:\\", drives.programPath("/"));
-  EXPECT_EQ("C", drives.letters());
+  EXPECT_EQ(drives.programPath("/"), "C:\\");
+  EXPECT_EQ(drives.letters(), "C");
 }
 
 TEST(DriveTable, TurnsProgramPathsIntoLinuxPaths) {
@@ -132,7 +132,7 @@ TEST(DriveTable, TurnsLinuxPathsIntoProgramPaths) {
 TEST(DriveTable, NamesWithReservedCharactersSurviveInWholePaths) {
   const DriveTable drives;
   const std::string path = "/a\\b/c:d/\xFF\n\"/" + utf8(0xF05C) + "/e?";
-  EXPECT_EQ(path, drives.linuxPath(drives.programPath(path)));
+  EXPECT_EQ(drives.linuxPath(drives.programPath(path)), path);
 }
 
 TEST(DriveTable, FindsTheDriveWithTheLongestDirectory) {
@@ -142,13 +142,13 @@ TEST(DriveTable, FindsTheDriveWithTheLongestDirectory) {
                               {"/mnt/database", "D:\\database"},
                               {"/mntx", "C:\\mntx"}});
   expectLinuxPaths(drives, {{"e:\\x", "/mnt/data/x"}, {"E:\\", "/mnt/data"}, {"d:", "/mnt"}});
-  EXPECT_EQ("CDE", drives.letters());
+  EXPECT_EQ(drives.letters(), "CDE");
 }
 
 TEST(DriveTable, IgnoresBadEntries) {
   const DriveTable drives = DriveTable::parse(
       ";;x;D:;E:=relative;FF:=/f;5:=/five;C:=/other;G=/g;H:=/good;h:=/late;=/;I:=");
-  EXPECT_EQ("CH", drives.letters());
+  EXPECT_EQ(drives.letters(), "CH");
   expectLinuxPaths(drives, {{"C:\\a", "/a"}, {"H:\\a", "/good/a"}});
 }
 
@@ -163,13 +163,13 @@ TEST(DriveTable, APathWithANulIsAPathNotFound) {
 TEST(DriveTable, ReadsTheEnvironment) {
   const ScopedVariable variable("QUERNSTOKE_DRIVES", "D:=/mnt/data;E:=/media/usb");
   const DriveTable drives = DriveTable::fromEnvironment();
-  EXPECT_EQ("/mnt/data/a", drives.linuxPath("D:\\a"));
-  EXPECT_EQ("E:\\b", drives.programPath("/media/usb/b"));
+  EXPECT_EQ(drives.linuxPath("D:\\a"), "/mnt/data/a");
+  EXPECT_EQ(drives.programPath("/media/usb/b"), "E:\\b");
 }
 
 TEST(DriveTable, WithoutTheVariableThereIsOnlyDriveC) {
   const ScopedVariable variable("QUERNSTOKE_DRIVES", std::nullopt);
-  EXPECT_EQ("C", DriveTable::fromEnvironment().letters());
+  EXPECT_EQ(DriveTable::fromEnvironment().letters(), "C");
 }
 
 }  // namespace

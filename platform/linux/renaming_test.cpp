@@ -30,26 +30,26 @@ class RenamingTest : public testing::TestWithParam<Renaming> {
 };
 
 TEST_P(RenamingTest, MovesAFile) {
-  EXPECT_EQ(0, rename("new"));
+  EXPECT_EQ(rename("new"), 0);
   EXPECT_FALSE(tree_.exists("from/old"));
-  EXPECT_EQ("old", tree_.content("to/new"));
+  EXPECT_EQ(tree_.content("to/new"), "old");
 }
 
 TEST_P(RenamingTest, NeverReplaces) {
   tree_.link("to/dangling", "nowhere");
-  EXPECT_EQ(EEXIST, rename("taken"));
-  EXPECT_EQ(EEXIST, rename("dangling"));
-  EXPECT_EQ("old", tree_.content("from/old"));
-  EXPECT_EQ("taken", tree_.content("to/taken"));
+  EXPECT_EQ(rename("taken"), EEXIST);
+  EXPECT_EQ(rename("dangling"), EEXIST);
+  EXPECT_EQ(tree_.content("from/old"), "old");
+  EXPECT_EQ(tree_.content("to/taken"), "taken");
 }
 
 TEST_P(RenamingTest, LeavesEverythingWhenTheOldNameMayNotGo) {
   const WithoutPrivileges privileges(tree_);
   if (!privileges.areInForce()) GTEST_SKIP() << "root may do everything";
   ::chmod(tree_.path("from").c_str(), 0500);
-  EXPECT_EQ(EACCES, rename("new"));
+  EXPECT_EQ(rename("new"), EACCES);
   ::chmod(tree_.path("from").c_str(), 0700);
-  EXPECT_EQ("old", tree_.content("from/old"));
+  EXPECT_EQ(tree_.content("from/old"), "old");
   EXPECT_FALSE(tree_.exists("to/new"));
 }
 

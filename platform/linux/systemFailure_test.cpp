@@ -3,34 +3,34 @@
 #include <cerrno>
 #include <gtest/gtest.h>
 
-#include "platform/linux/expectFailure.h"
+#include "testing/expectFailure.h"
 
 namespace quernstoke {
 namespace {
 
 TEST(SystemFailure, WhatIsMissingHasANumberForFilesAndOneForDirectories) {
-  EXPECT_EQ(FailureNumber::fileNotFound, failureFor(ENOENT, Subject::file));
-  EXPECT_EQ(FailureNumber::pathNotFound, failureFor(ENOENT, Subject::directory));
-  EXPECT_EQ(FailureNumber::pathNotFound, failureFor(ENOTDIR, Subject::file));
+  EXPECT_EQ(failureFor(ENOENT, Subject::file), FailureNumber::fileNotFound);
+  EXPECT_EQ(failureFor(ENOENT, Subject::directory), FailureNumber::pathNotFound);
+  EXPECT_EQ(failureFor(ENOTDIR, Subject::file), FailureNumber::pathNotFound);
 }
 
 TEST(SystemFailure, RefusedPermissionsHaveANumberForFilesAndOneForDirectories) {
   for (const int error : {EACCES, EPERM, EROFS}) {
-    EXPECT_EQ(FailureNumber::permissionDenied, failureFor(error, Subject::file));
-    EXPECT_EQ(FailureNumber::pathFileAccess, failureFor(error, Subject::directory));
+    EXPECT_EQ(failureFor(error, Subject::file), FailureNumber::permissionDenied);
+    EXPECT_EQ(failureFor(error, Subject::directory), FailureNumber::pathFileAccess);
   }
 }
 
 TEST(SystemFailure, TroubleWithTheDiskIsToldApart) {
-  EXPECT_EQ(FailureNumber::diskFull, failureFor(ENOSPC, Subject::file));
-  EXPECT_EQ(FailureNumber::diskFull, failureFor(EDQUOT, Subject::file));
-  EXPECT_EQ(FailureNumber::deviceError, failureFor(EIO, Subject::file));
-  EXPECT_EQ(FailureNumber::outOfMemory, failureFor(ENOMEM, Subject::file));
+  EXPECT_EQ(failureFor(ENOSPC, Subject::file), FailureNumber::diskFull);
+  EXPECT_EQ(failureFor(EDQUOT, Subject::file), FailureNumber::diskFull);
+  EXPECT_EQ(failureFor(EIO, Subject::file), FailureNumber::deviceError);
+  EXPECT_EQ(failureFor(ENOMEM, Subject::file), FailureNumber::outOfMemory);
 }
 
 TEST(SystemFailure, AnythingElseIsAnAccessError) {
   for (const int error : {EMFILE, ELOOP, EXDEV, ENOTEMPTY, EISDIR})
-    EXPECT_EQ(FailureNumber::pathFileAccess, failureFor(error, Subject::file));
+    EXPECT_EQ(failureFor(error, Subject::file), FailureNumber::pathFileAccess);
 }
 
 TEST(SystemFailure, FailsWithTheNumber) {

@@ -23,7 +23,7 @@ class UnfinishedFileTest : public testing::TestWithParam<Maker> {
  protected:
   UnfinishedFile make() const { return GetParam()(directory_.get()); }
   void write(const UnfinishedFile& file) const {
-    ASSERT_EQ(7, ::write(file.descriptor(), "content", 7));
+    ASSERT_EQ(::write(file.descriptor(), "content", 7), 7);
   }
   std::set<std::string> names() const {
     std::set<std::string> found;
@@ -40,15 +40,15 @@ TEST_P(UnfinishedFileTest, HasItsNameOnlyWhenItIsPublished) {
   UnfinishedFile file = make();
   write(file);
   EXPECT_FALSE(tree_.exists("name"));
-  EXPECT_EQ(0, file.publish("name"));
+  EXPECT_EQ(file.publish("name"), 0);
   EXPECT_THAT(names(), ElementsAre("name"));
-  EXPECT_EQ("content", tree_.content("name"));
+  EXPECT_EQ(tree_.content("name"), "content");
 }
 
 TEST_P(UnfinishedFileTest, StaysWhenItIsPublished) {
   {
     UnfinishedFile file = make();
-    ASSERT_EQ(0, file.publish("name"));
+    ASSERT_EQ(file.publish("name"), 0);
   }
   EXPECT_THAT(names(), ElementsAre("name"));
 }
@@ -64,31 +64,31 @@ TEST_P(UnfinishedFileTest, NeverReplaces) {
   {
     UnfinishedFile file = make();
     write(file);
-    EXPECT_EQ(-EEXIST, file.publish("taken"));
-    EXPECT_EQ(-EEXIST, file.publish("dangling"));
+    EXPECT_EQ(file.publish("taken"), -EEXIST);
+    EXPECT_EQ(file.publish("dangling"), -EEXIST);
   }
   EXPECT_THAT(names(), ElementsAre("dangling", "taken"));
-  EXPECT_EQ("old", tree_.content("taken"));
+  EXPECT_EQ(tree_.content("taken"), "old");
 }
 
 TEST_P(UnfinishedFileTest, IsForItsOwnerAlone) {
   const UnfinishedFile file = make();
   struct stat facts {};
-  ASSERT_EQ(0, ::fstat(file.descriptor(), &facts));
-  EXPECT_EQ(0600u, facts.st_mode & 07777u);
+  ASSERT_EQ(::fstat(file.descriptor(), &facts), 0);
+  EXPECT_EQ(facts.st_mode & 07777u, 0600u);
 }
 
 TEST_P(UnfinishedFileTest, SeveralKeepOutOfEachOthersWay) {
   UnfinishedFile first = make();
   UnfinishedFile second = make();
-  EXPECT_EQ(0, first.publish("first"));
-  EXPECT_EQ(0, second.publish("second"));
+  EXPECT_EQ(first.publish("first"), 0);
+  EXPECT_EQ(second.publish("second"), 0);
   EXPECT_THAT(names(), SizeIs(2));
 }
 
 TEST_P(UnfinishedFileTest, TellsWhyItCannotBeMade) {
   std::filesystem::remove(tree_.root());
-  EXPECT_EQ(-ENOENT, make().descriptor());
+  EXPECT_EQ(make().descriptor(), -ENOENT);
 }
 
 INSTANTIATE_TEST_SUITE_P(BothKinds, UnfinishedFileTest,

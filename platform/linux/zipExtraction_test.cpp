@@ -30,8 +30,9 @@ using testing::UnorderedElementsAre;
 class ZipExtractionTest : public EngineTest {
  protected:
   ZipExtractionTest() {
-    usePlatform({&realDisk, &realArchives, &dialogBoxes, &desk, &eventLoop, &clock, &locale,
-                 &mainWindow, &statusWindow, &resultsWindow});
+    platform.files = &realDisk;
+    platform.archives = &realArchives;
+    usePlatform(platform);
     tree.directory("temp");
     TempDir = tree.programPath("temp");
     TempFileCounter = 1;

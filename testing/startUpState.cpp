@@ -1,4 +1,4 @@
-#include "core/startUpState.h"
+#include "testing/startUpState.h"
 
 #include "catalogue/dirTable.h"
 #include "catalogue/extensions.h"
@@ -29,8 +29,8 @@ void resetCore() {
                             &ProcessCommandLine, &CommandLineProfile})
     text->clear();
   LogFileNumber = 0;
-  RunState = StartMode = ScanAttributes = CurrentMatchNum = ContentPercentLimit = HelpState = 0;
-  MatchByName = MatchByContent = MatchBySize = ScanDetailsShown = false;
+  RunState = StartMode = ScanAttributes = CurrentMatchNum = ContentPercentLimit = 0;
+  MatchByName = MatchByContent = MatchBySize = false;
   ScanStartTime = EstimatedEndTime = {};
   MinSizeBytes = MaxSizeBytes = DiskFreeBytes = {};
   DuplicateCount = StatusFileNumber = ActualReads = LocalReads = BufferReads = 0;
@@ -45,11 +45,9 @@ void resetSettings() {
 }
 
 void resetCatalogue() {
-  FileCount = DirCount = MatchGroupCount = 0;
+  FileCount = DirCount = 0;
   basRedimFilesArrays(0, false);
   DirTable.redim(0, false);
-  MatchGroupTable.redim(0, false);
-  FilePointerArray.redim(0, false);
   ExtensionList.redim(lastExtensionSlot, false);
   ZipEntryList.redim(0, false);
   ZipEntryCount = 0;
@@ -57,7 +55,8 @@ void resetCatalogue() {
   ZipPasswordOff = false;
 }
 
-void resetDetection() {
+void resetDetect() {
+  FilePointerArray.redim(0, false);
   releaseBlockPool();
   Beginnings.redim(1, 0);
   BuffersPerFile = 0;
@@ -65,13 +64,13 @@ void resetDetection() {
   TempSpaceBudgetKB = TempUsedKB = TempFileCounter = 0;
 }
 
-void resetDialogs() {
-  DialogText.clear();
-  DialogValue = DialogValue2 = 0;
-  modalForms = {};
+void resetProgress() {
+  ScanDetailsShown = false;
 }
 
 void resetResults() {
+  MatchGroupTable.redim(0, false);
+  MatchGroupCount = 0;
   ResultsView = ResultsGroup = GridPageRows = GridLinesPerFile = GridPageCount = GridCurrentPage =
       0;
   GridFirstFile = GridLastFile = GridPrevScroll = 0;
@@ -84,16 +83,24 @@ void resetDirMatch() {
   DirMatchGridMap.redim(0, false);
 }
 
+void resetMainUi() {
+  HelpState = 0;
+  DialogText.clear();
+  DialogValue = DialogValue2 = 0;
+  modalForms = {};
+}
+
 }  // namespace
 
 void resetToStartUpState() {
   resetCore();
   resetSettings();
   resetCatalogue();
-  resetDetection();
-  resetDialogs();
+  resetDetect();
+  resetProgress();
   resetResults();
   resetDirMatch();
+  resetMainUi();
 }
 
 }  // namespace quernstoke

@@ -20,6 +20,6 @@ std::optional<FailureNumber> failureOf(Action action) {
 
 }  // namespace quernstoke
 
-#define EXPECT_FAILURE(expected, statement)        \
-  EXPECT_EQ(::quernstoke::FailureNumber::expected, \
-            ::quernstoke::failureOf([&] { statement; }).value_or(::quernstoke::FailureNumber{}))
+#define EXPECT_FAILURE(expected, statement)                                                      \
+  EXPECT_EQ(::quernstoke::failureOf([&] { statement; }).value_or(::quernstoke::FailureNumber{}), \
+            ::quernstoke::FailureNumber::expected)
