@@ -7,7 +7,6 @@
 #include "core/text.h"
 #include "mainui/frmMain.h"
 #include "mainui/profileSelection.h"
-#include "mainui/quickHelp.h"
 #include "platform/dialogs.h"
 #include "platform/fileSystem.h"
 #include "platform/platform.h"
