@@ -3,6 +3,7 @@
 #include "core/procedure.h"
 #include "core/text.h"
 #include "platform/platform.h"
+#include "platform/utf8.h"
 
 namespace quernstoke {
 
