@@ -46,9 +46,9 @@ TEST_P(RenamingTest, NeverReplaces) {
 TEST_P(RenamingTest, LeavesEverythingWhenTheOldNameMayNotGo) {
   const WithoutPrivileges privileges(tree_);
   if (!privileges.areInForce()) GTEST_SKIP() << "root may do everything";
-  ::chmod(tree_.path("from").c_str(), 0500);
+  tree_.setMode("from", 0500);
   EXPECT_EQ(EACCES, rename("new"));
-  ::chmod(tree_.path("from").c_str(), 0700);
+  tree_.setMode("from", 0700);
   EXPECT_EQ("old", tree_.content("from/old"));
   EXPECT_FALSE(tree_.exists("to/new"));
 }

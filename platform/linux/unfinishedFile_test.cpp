@@ -4,7 +4,6 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <set>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -25,12 +24,6 @@ class UnfinishedFileTest : public testing::TestWithParam<Maker> {
   void write(const UnfinishedFile& file) const {
     ASSERT_EQ(7, ::write(file.descriptor(), "content", 7));
   }
-  std::set<std::string> names() const {
-    std::set<std::string> found;
-    for (const auto& entry : std::filesystem::directory_iterator(tree_.root()))
-      found.insert(entry.path().filename());
-    return found;
-  }
 
   TemporaryTree tree_;
   Descriptor directory_{::open(tree_.root().c_str(), O_PATH | O_DIRECTORY)};
@@ -41,7 +34,7 @@ TEST_P(UnfinishedFileTest, HasItsNameOnlyWhenItIsPublished) {
   write(file);
   EXPECT_FALSE(tree_.exists("name"));
   EXPECT_EQ(0, file.publish("name"));
-  EXPECT_THAT(names(), ElementsAre("name"));
+  EXPECT_THAT(tree_.names(), ElementsAre("name"));
   EXPECT_EQ("content", tree_.content("name"));
 }
 
@@ -50,12 +43,12 @@ TEST_P(UnfinishedFileTest, StaysWhenItIsPublished) {
     UnfinishedFile file = make();
     ASSERT_EQ(0, file.publish("name"));
   }
-  EXPECT_THAT(names(), ElementsAre("name"));
+  EXPECT_THAT(tree_.names(), ElementsAre("name"));
 }
 
 TEST_P(UnfinishedFileTest, LeavesNothingUnlessItIsPublished) {
   { write(make()); }
-  EXPECT_THAT(names(), IsEmpty());
+  EXPECT_THAT(tree_.names(), IsEmpty());
 }
 
 TEST_P(UnfinishedFileTest, NeverReplaces) {
@@ -67,7 +60,7 @@ TEST_P(UnfinishedFileTest, NeverReplaces) {
     EXPECT_EQ(-EEXIST, file.publish("taken"));
     EXPECT_EQ(-EEXIST, file.publish("dangling"));
   }
-  EXPECT_THAT(names(), ElementsAre("dangling", "taken"));
+  EXPECT_THAT(tree_.names(), ElementsAre("dangling", "taken"));
   EXPECT_EQ("old", tree_.content("taken"));
 }
 
@@ -83,7 +76,7 @@ TEST_P(UnfinishedFileTest, SeveralKeepOutOfEachOthersWay) {
   UnfinishedFile second = make();
   EXPECT_EQ(0, first.publish("first"));
   EXPECT_EQ(0, second.publish("second"));
-  EXPECT_THAT(names(), SizeIs(2));
+  EXPECT_THAT(tree_.names(), SizeIs(2));
 }
 
 TEST_P(UnfinishedFileTest, TellsWhyItCannotBeMade) {
