@@ -6,9 +6,9 @@
 #include "catalogue/dirTable.h"
 #include "core/procedure.h"
 #include "core/scanState.h"
-#include "core/text.h"
 #include "platform/fileSystem.h"
 #include "platform/platform.h"
+#include "platform/utf8.h"
 
 namespace quernstoke {
 

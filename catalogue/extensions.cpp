@@ -3,6 +3,7 @@
 #include "core/helpers.h"
 #include "core/procedure.h"
 #include "core/text.h"
+#include "platform/utf8.h"
 #include "settings/settings.h"
 
 namespace quernstoke {

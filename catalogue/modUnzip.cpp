@@ -14,6 +14,7 @@
 #include "platform/archives.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
+#include "platform/utf8.h"
 
 namespace quernstoke {
 

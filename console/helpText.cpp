@@ -1,5 +1,7 @@
 #include "console/helpText.h"
 
+#include "core/version.h"
+
 namespace quernstoke {
 
 std::string helpText() {
@@ -54,7 +56,9 @@ aborted.
 }
 
 std::string versionText() {
-  return "quernstoke-scan " QUERNSTOKE_VERSION "\n";
+  return "quernstoke-scan " + std::to_string(programVersion.major) + "." +
+         std::to_string(programVersion.minor) + "." + std::to_string(programVersion.revision) +
+         "\n";
 }
 
 }  // namespace quernstoke

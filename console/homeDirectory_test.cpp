@@ -1,29 +1,13 @@
 #include "console/homeDirectory.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
 
 #include "console/exitStatus.h"
+#include "platform/linux/scopedVariable.h"
 #include "platform/linux/temporaryTree.h"
 
 namespace quernstoke {
 namespace {
-
-// Sets a variable of the environment for one test.
-class Variable {
- public:
-  Variable(const char* name, const std::string& value) : name_(name) {
-    if (const char* before = std::getenv(name)) before_ = before;
-    ::setenv(name, value.c_str(), 1);
-  }
-  ~Variable() { before_ ? ::setenv(name_, before_->c_str(), 1) : ::unsetenv(name_); }
-  Variable(const Variable&) = delete;
-  Variable& operator=(const Variable&) = delete;
-
- private:
-  const char* name_;
-  std::optional<std::string> before_;
-};
 
 class HomeDirectoryTest : public testing::Test {
  protected:
@@ -33,17 +17,17 @@ class HomeDirectoryTest : public testing::Test {
 };
 
 TEST_F(HomeDirectoryTest, ChosenHomeWins) {
-  const Variable variable("QUERNSTOKE_HOME", tree.root());
+  const ScopedVariable variable("QUERNSTOKE_HOME", tree.root());
   EXPECT_EQ(programHome(tree.path("home/")), tree.path("home"));
 }
 
 TEST_F(HomeDirectoryTest, VariableNamesTheHome) {
-  const Variable variable("QUERNSTOKE_HOME", tree.path("home"));
+  const ScopedVariable variable("QUERNSTOKE_HOME", tree.path("home"));
   EXPECT_EQ(programHome(std::nullopt), tree.path("home"));
 }
 
 TEST_F(HomeDirectoryTest, OtherwiseItIsTheDirectoryOfTheProgram) {
-  const Variable variable("QUERNSTOKE_HOME", "");
+  const ScopedVariable variable("QUERNSTOKE_HOME", "");
   const auto self = std::filesystem::read_symlink("/proc/self/exe");
   EXPECT_EQ(programHome(std::nullopt), self.parent_path());
 }
@@ -70,7 +54,7 @@ TEST_F(HomeDirectoryTest, ScratchHomeLivesAsLongAsItIsNeeded) {
 }
 
 TEST_F(HomeDirectoryTest, ScratchHomeLiesInTheTemporaryDirectory) {
-  const Variable variable("TMPDIR", tree.path("home"));
+  const ScopedVariable variable("TMPDIR", tree.path("home"));
   EXPECT_TRUE(ScratchHome(std::nullopt).path().starts_with(tree.path("home/")));
 }
 

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "catalogue/dirTable.h"
-#include "catalogue/fileTable.h"
 #include "platform/linux/pathMapping.h"
 #include "testing/engineTest.h"
 

@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <limits>
-#include <utility>
 
 #include "catalogue/extensions.h"
 #include "console/exitStatus.h"
@@ -27,10 +26,6 @@ constexpr std::array<Measure, 4> measures = {
     {{"B", 1}, {"KB", kilobyte}, {"MB", megabyte}, {"GB", gigabyte}}};
 constexpr std::uint64_t mostGigabytes =
     std::numeric_limits<std::int64_t>::max() / FixedPoint::scale / gigabyte;
-
-[[noreturn]] void refuse(const std::string& line) {
-  throw ScanError(ExitStatus::wrongArguments, line);
-}
 
 std::string quoted(std::string_view text) {
   return "'" + std::string(text) + "'";
@@ -78,6 +73,10 @@ std::string typePattern(std::string_view type) {
 }
 
 }  // namespace
+
+void refuse(const std::string& line) {
+  throw ScanError(ExitStatus::wrongArguments, line);
+}
 
 std::string matchLetters(std::string_view text) {
   std::string letters = upperAscii(text);

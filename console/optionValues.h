@@ -8,6 +8,9 @@
 
 namespace quernstoke {
 
+// Ends in the ScanError of wrong arguments.
+[[noreturn]] void refuse(const std::string& line);
+
 // Take the text behind an option into what a scan needs. Each throws a ScanError for a text that
 // means nothing.
 

@@ -4,7 +4,6 @@
 #include <getopt.h>
 #include <string_view>
 
-#include "console/exitStatus.h"
 #include "console/optionValues.h"
 #include "settings/settings.h"
 
@@ -52,10 +51,6 @@ constexpr std::array<option, 18> longOptions = {{
     {"help", no_argument, nullptr, helpId},
     {nullptr, 0, nullptr, 0},
 }};
-
-[[noreturn]] void refuse(const std::string& line) {
-  throw ScanError(ExitStatus::wrongArguments, line);
-}
 
 std::string nameOf(int id) {
   for (const option& known : longOptions)

@@ -8,16 +8,13 @@
 
 #include "console/exitStatus.h"
 #include "platform/linux/systemCall.h"
+#include "platform/linux/writeAll.h"
 
 namespace quernstoke {
 
 namespace {
 
 constexpr std::size_t keptBytes = 65536;
-
-[[noreturn]] void failAt(const std::string& name, int error) {
-  throw ScanError(ExitStatus::failed, name + ": " + std::strerror(error));
-}
 
 std::string directoryOf(const std::string& path) {
   const std::size_t slash = path.rfind('/');
@@ -34,13 +31,12 @@ int openForOutput(const std::string& path) {
 
 }  // namespace
 
-int writeAll(int descriptor, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t written = ::write(descriptor, text.data(), text.size());
-    if (written < 0 && errno != EINTR) return errno;
-    if (written > 0) text.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return 0;
+void failAt(const std::string& path, const std::string& reason) {
+  throw ScanError(ExitStatus::failed, path + ": " + reason);
+}
+
+void failAt(const std::string& path, int error) {
+  failAt(path, std::strerror(error));
 }
 
 Output::Output(const std::optional<std::string>& path) : name_(path.value_or("standard output")) {
@@ -60,9 +56,9 @@ void Output::finish() {
 }
 
 void Output::flush() {
-  const int error = writeAll(descriptor_, kept_);
+  const int outcome = writeAll(descriptor_, kept_);
   kept_.clear();
-  if (error != 0) failAt(name_, error);
+  if (outcome < 0) failAt(name_, -outcome);
 }
 
 void requireWritable(const std::string& path) {

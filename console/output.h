@@ -8,8 +8,10 @@
 
 namespace quernstoke {
 
-// Writes all of the text, and returns 0 or the system's error.
-int writeAll(int descriptor, std::string_view text);
+// End in the ScanError of a file that can't be read or written, and of the reason or the system's
+// error.
+[[noreturn]] void failAt(const std::string& path, const std::string& reason);
+[[noreturn]] void failAt(const std::string& path, int error);
 
 // Where results go: a file, which is cut to nothing first, or standard output. What fails is a
 // ScanError that names it.

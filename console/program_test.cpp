@@ -242,13 +242,13 @@ TEST_F(ScanProgramTest, SummaryIsTheLastLineAndCountsWhatWasPassedOver) {
 
 TEST_F(ScanProgramTest, UnreadableFilesAndDirectoriesAreCounted) {
   equalFiles({"a", "b", "locked", "closed/c"});
-  ::chmod(tree.root().c_str(), 0755);
-  ::chmod(tree.path("tmp").c_str(), 0777);
-  ::chmod(in("locked").c_str(), 0);
-  ::chmod(in("closed").c_str(), 0);
+  tree.setMode("", 0755);
+  tree.setMode("tmp", 0777);
+  tree.setMode("in/locked", 0);
+  tree.setMode("in/closed", 0);
   program.withoutPrivileges = true;
   const RunResult result = scan();
-  ::chmod(in("closed").c_str(), 0755);
+  tree.setMode("in/closed", 0755);
   if (result.status == 127) GTEST_SKIP() << "the program lies where only root may run it";
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(setsOf(result.out), oneSet({"a", "b"}));

@@ -9,7 +9,6 @@
 #include <poll.h>
 #include <stdexcept>
 #include <string>
-#include <string_view>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>

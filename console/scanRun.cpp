@@ -85,7 +85,7 @@ void selectProfile(const Options& options) {
                     "profile '" + options.profile + "' is not paused, so it can't be continued");
 }
 
-Summary::Outcome outcomeOf(const ConsoleDialogs& dialogs) {
+Summary::Outcome scanOutcome(const ConsoleDialogs& dialogs) {
   if (RunState == runState::paused) return Summary::Outcome::paused;
   if (RunState == runState::aborted) return Summary::Outcome::aborted;
   // A scan that failed on its way has left the state as it was then.
@@ -135,7 +135,7 @@ ExitStatus report(const Options& options, const PageTemplate& page, const Consol
   summary.duplicates = RunState == runState::finished
                            ? writeReport(options, page, platform.files.drives(), err)
                            : DuplicateCount.raw();
-  summary.outcome = outcomeOf(platform.dialogs);
+  summary.outcome = scanOutcome(platform.dialogs);
   if (!options.quiet || summary.outcome == Summary::Outcome::failed) err.line(summaryLine(summary));
   return statusOf(summary.outcome);
 }

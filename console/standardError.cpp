@@ -1,11 +1,12 @@
 #include "console/standardError.h"
 
 #include <algorithm>
+#include <string>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include "console/output.h"
-#include "core/text.h"
+#include "platform/linux/writeAll.h"
+#include "platform/utf8.h"
 
 namespace quernstoke {
 

@@ -10,8 +10,6 @@
 #include "console/standardError.h"
 #include "console/testPipe.h"
 #include "core/scanState.h"
-#include "detect/matchLoop.h"
-#include "progress/scanStatus.h"
 #include "results/matchGroupIndex.h"
 #include "testing/engineTest.h"
 

@@ -15,15 +15,22 @@ namespace quernstoke {
 
 // Controls as the engine asks for them. Each refers to a widget that outlives it.
 
-class QtFrame : public FrameControl, public TaggedControl {
+// Has the tag of its widget, which may also be an action.
+template <class Interface, class Widget>
+class QtTagged : public Interface {
  public:
-  explicit QtFrame(QWidget* widget) : widget_(widget) {}
-  void setVisible(bool visible) override { widget_->setVisible(visible); }
+  explicit QtTagged(Widget* widget) : widget_(widget) {}
   std::string tag() const override { return tagOf(*widget_); }
   void setTag(std::string_view tag) override { quernstoke::setTag(*widget_, tag); }
 
- private:
-  QWidget* widget_;
+ protected:
+  Widget* widget_;
+};
+
+class QtFrame : public FrameControl, public QtTagged<TaggedControl, QWidget> {
+ public:
+  using QtTagged::QtTagged;
+  void setVisible(bool visible) override { widget_->setVisible(visible); }
 };
 
 class QtOption : public OptionControl {
@@ -36,23 +43,20 @@ class QtOption : public OptionControl {
   QRadioButton* button_;
 };
 
-class QtScrollBar : public ScrollBarControl {
+class QtScrollBar : public QtTagged<ScrollBarControl, QScrollBar> {
  public:
-  explicit QtScrollBar(QScrollBar* bar) : bar_(bar) {}
-  std::string tag() const override { return tagOf(*bar_); }
-  void setTag(std::string_view tag) override { quernstoke::setTag(*bar_, tag); }
-  std::int16_t minimum() const override { return static_cast<std::int16_t>(bar_->minimum()); }
-  std::int16_t maximum() const override { return static_cast<std::int16_t>(bar_->maximum()); }
-  std::int16_t largeChange() const override { return static_cast<std::int16_t>(bar_->pageStep()); }
-  std::int16_t value() const override { return static_cast<std::int16_t>(bar_->value()); }
-  void setMinimum(std::int16_t minimum) override { bar_->setMinimum(minimum); }
-  void setMaximum(std::int16_t maximum) override { bar_->setMaximum(maximum); }
-  void setLargeChange(std::int16_t change) override { bar_->setPageStep(change); }
-  void setValue(std::int16_t value) override { bar_->setValue(value); }
-  void setVisible(bool visible) override { bar_->setVisible(visible); }
-
- private:
-  QScrollBar* bar_;
+  using QtTagged::QtTagged;
+  std::int16_t minimum() const override { return static_cast<std::int16_t>(widget_->minimum()); }
+  std::int16_t maximum() const override { return static_cast<std::int16_t>(widget_->maximum()); }
+  std::int16_t largeChange() const override {
+    return static_cast<std::int16_t>(widget_->pageStep());
+  }
+  std::int16_t value() const override { return static_cast<std::int16_t>(widget_->value()); }
+  void setMinimum(std::int16_t minimum) override { widget_->setMinimum(minimum); }
+  void setMaximum(std::int16_t maximum) override { widget_->setMaximum(maximum); }
+  void setLargeChange(std::int16_t change) override { widget_->setPageStep(change); }
+  void setValue(std::int16_t value) override { widget_->setValue(value); }
+  void setVisible(bool visible) override { widget_->setVisible(visible); }
 };
 
 class QtTextBox : public TextControl {
@@ -64,9 +68,9 @@ class QtTextBox : public TextControl {
   QPlainTextEdit* box_;
 };
 
-class QtList : public ListControl {
+class QtComboBox : public ListControl {
  public:
-  explicit QtList(QComboBox* list) : list_(list) {}
+  explicit QtComboBox(QComboBox* list) : list_(list) {}
   void clear() override { list_->clear(); }
   void add(std::string_view text, std::int16_t data) override {
     list_->addItem(qtText(text), int{data});

@@ -607,15 +607,6 @@ TEST_F(FlexGridPicturesTest, APictureIsSaidByItsMeaning) {
   EXPECT_EQ(grid.rowText(2), "ticked, file 2");
 }
 
-TEST_F(FlexGridTest, PicturesMayBeSvg) {
-  const QByteArray svg =
-      "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 8 8'>"
-      "<rect width='8' height='8' fill='#f00'/></svg>";
-  QPixmap pixmap;
-  ASSERT_TRUE(pixmap.loadFromData(svg, "SVG"));
-  EXPECT_EQ(pixmap.toImage().pixelColor(4, 4), QColor(Qt::red));
-}
-
 TEST_F(FlexGridTest, ALargerFontMakesHigherRows) {
   const Int32 before = model.rowHeight(1);
   QFont font = grid.font();
@@ -661,13 +652,12 @@ TEST_F(FlexGridTest, TitlesAloneAreAnEmptyListForScreenReaders) {
   EXPECT_EQ(list->focusChild(), nullptr);
 }
 
-TEST_F(FlexGridTest, ManyRowsAreDrawnAPageAtATime) {
+TEST_F(FlexGridTest, TheLastOfManyRowsIsScrolledIntoView) {
   setRows(20000);
   model.setRow(20000);
   model.scrollIntoView(20000);
   const QRect last = grid.layoutOnScreen().rowRect(20000);
   EXPECT_TRUE(view().rect().contains(last.topLeft()));
-  EXPECT_FALSE(picture().isNull());
 }
 
 }  // namespace

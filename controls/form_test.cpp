@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QEventLoop>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -19,6 +18,7 @@
 #include <vector>
 
 #include "testing/qt/input.h"
+#include "testing/qt/settle.h"
 
 namespace quernstoke {
 namespace {
@@ -75,15 +75,6 @@ class NotingForm : public Form {
     if (onUnload) onUnload();
   }
 };
-
-// Runs an event loop, as a program does, until nothing is waiting.
-void settle() {
-  for (int round = 0; round < 3; ++round) {
-    QEventLoop loop;
-    QTimer::singleShot(0, &loop, &QEventLoop::quit);
-    loop.exec();
-  }
-}
 
 // What a person does once the event loop runs.
 void later(std::function<void()> act) {

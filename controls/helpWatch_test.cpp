@@ -2,9 +2,13 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
 #include <gmock/gmock.h>
 
+#include "controls/form.h"
 #include "testing/qt/input.h"
 
 namespace quernstoke {
@@ -13,7 +17,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// A form of a background with a label and a button on it, and a button without help beside it.
+// A form of a background with a label, a button and a list on it, and a button without help beside
+// it.
 class HelpWatchTest : public testing::Test {
  protected:
   HelpWatchTest() {
@@ -21,23 +26,32 @@ class HelpWatchTest : public testing::Test {
     ground_.setGeometry(0, 0, 200, 100);
     label_.setGeometry(0, 0, 100, 20);
     explained_.setGeometry(0, 40, 100, 20);
+    list_.setGeometry(0, 60, 100, 20);
     plain_.setGeometry(200, 0, 100, 20);
     explained_.setProperty("helpContextId", 7);
+    list_.setProperty("helpContextId", 8);
     watchForHelp(form_, {&ground_}, [this](int id) { told_.push_back(id); });
     form_.show();
   }
+  ~HelpWatchTest() override { Form::deleteAll(); }
 
-  QWidget form_;
-  QWidget ground_{&form_};
-  QLabel label_{&ground_};
-  QPushButton explained_{&ground_};
-  QPushButton plain_{&form_};
+  Form& form_ = *new Form;
+  QWidget& ground_ = *new QWidget(&form_);
+  QLabel& label_ = *new QLabel(&ground_);
+  QPushButton& explained_ = *new QPushButton(&ground_);
+  QListWidget& list_ = *new QListWidget(&ground_);
+  QPushButton& plain_ = *new QPushButton(&form_);
   std::vector<int> told_;
 };
 
 TEST_F(HelpWatchTest, PointerOverAControlTellsItsNumber) {
   moveMouse(explained_, {5, 5});
   EXPECT_THAT(told_, ElementsAre(7));
+}
+
+TEST_F(HelpWatchTest, PointerOverWhatAControlShowsTellsItsNumber) {
+  moveMouse(*list_.viewport(), {5, 5});
+  EXPECT_THAT(told_, testing::Contains(8));
 }
 
 TEST_F(HelpWatchTest, PointerOverTheBackgroundItselfTellsNone) {
@@ -55,6 +69,22 @@ TEST_F(HelpWatchTest, OtherControlsTellNothing) {
   moveMouse(plain_, {5, 5});
   moveMouse(form_, {250, 80});
   EXPECT_THAT(told_, IsEmpty());
+}
+
+TEST_F(HelpWatchTest, GroundThatScrollsIsStillThatOfTheForm) {
+  auto* const form = new Form;
+  auto* const large = new QWidget;
+  (new QVBoxLayout(form))->addWidget(large);
+  form->layout()->setContentsMargins(50, 0, 0, 0);
+  large->setMinimumSize(QGuiApplication::primaryScreen()->availableSize() * 2);
+  watchForHelp(*form, {form}, [this](int id) { told_.push_back(id); });
+  form->show();
+  QApplication::processEvents();
+  ASSERT_NE(form->ground(), form);
+  moveMouse(*form, {10, 10});
+  EXPECT_THAT(told_, ElementsAre(-1));
+  moveMouse(*form, {100, 10});
+  EXPECT_THAT(told_, ElementsAre(-1));
 }
 
 TEST_F(HelpWatchTest, FocusByTheKeyboardAloneTellsTheNumber) {

@@ -4,6 +4,8 @@
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 
+#include "controls/boldFont.h"
+
 namespace quernstoke {
 
 namespace {
@@ -24,9 +26,7 @@ void LabelButton::setCaption(const QString& caption) {
 }
 
 void LabelButton::setBold(bool bold) {
-  QFont changed = font();
-  changed.setBold(bold);
-  setFont(changed);
+  quernstoke::setBold(*this, bold);
 }
 
 QSize LabelButton::sizeHint() const {

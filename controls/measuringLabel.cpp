@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 
+#include "controls/boldFont.h"
 #include "controls/units.h"
 #include "platform/qt/qtText.h"
 
@@ -21,9 +22,7 @@ void MeasuringLabel::setFont(std::string_view font) {
 }
 
 void MeasuringLabel::setBold(bool bold) {
-  QFont changed = font();
-  changed.setBold(bold);
-  setFont(changed);
+  quernstoke::setBold(*this, bold);
 }
 
 }  // namespace quernstoke

@@ -1,7 +1,6 @@
 #include "controls/measuringLabel.h"
 
 #include <QFontMetrics>
-#include <QVBoxLayout>
 #include <gtest/gtest.h>
 
 #include "controls/units.h"

@@ -2,6 +2,7 @@
 
 #include "core/procedure.h"
 #include "core/text.h"
+#include "platform/utf8.h"
 
 namespace quernstoke {
 

@@ -4,6 +4,7 @@
 #include "core/text.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
+#include "platform/utf8.h"
 
 namespace quernstoke {
 

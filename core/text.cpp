@@ -133,21 +133,6 @@ bool startsWithIgnoringCase(std::string_view text, std::string_view start) {
   return lower(text).starts_with(lower(start));
 }
 
-std::string_view firstCharacters(std::string_view text, std::size_t count) {
-  std::size_t end = 0;
-  for (; count > 0 && end < text.size(); --count) {
-    ++end;
-    while (end < text.size() && (text[end] & 0xC0) == 0x80)
-      ++end;
-  }
-  return text.substr(0, end);
-}
-
-std::size_t characterCount(std::string_view text) {
-  return static_cast<std::size_t>(
-      std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
-}
-
 std::string grouped(std::int64_t number) {
   std::string digits = std::to_string(number);
   const std::string separator = userLocale().thousandsSeparator();

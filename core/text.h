@@ -29,11 +29,6 @@ bool equalIgnoringCase(std::string_view a, std::string_view b);
 // Whether `text` begins with `start`, counted in bytes of the lower-cased texts.
 bool startsWithIgnoringCase(std::string_view text, std::string_view start);
 
-// At most `count` characters from the start of a text. A character is a byte with the UTF-8
-// continuation bytes behind it.
-std::string_view firstCharacters(std::string_view text, std::size_t count);
-std::size_t characterCount(std::string_view text);
-
 // Decimal digits with the person's separator between groups of three.
 std::string grouped(std::int64_t number);
 // A fraction of 1 as a percentage with two decimals and the person's decimal point.

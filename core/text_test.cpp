@@ -104,17 +104,7 @@ TEST_F(TextTest, ComparesStartsWithoutRegardToCase) {
   EXPECT_FALSE(startsWithIgnoringCase("C:", "C:\\"));
 }
 
-TEST_F(TextTest, CharactersAreNotCutInTwo) {
-  EXPECT_EQ(firstCharacters("äöü", 2), "äö");
-  EXPECT_EQ(firstCharacters("ab", 5), "ab");
-  EXPECT_EQ(firstCharacters("ab", 0), "");
-  EXPECT_EQ(characterCount("äöü"), 3u);
-  EXPECT_EQ(characterCount(""), 0u);
-}
-
 TEST_F(TextTest, BytesThatAreNoTextPassUnchanged) {
-  EXPECT_EQ(firstCharacters("a\xFF\xFE", 2), "a\xFF");
-  EXPECT_EQ(characterCount("a\xFF\xFE"), 3u);
   EXPECT_TRUE(equalIgnoringCase("A\xFF", "a\xFF"));
 }
 

@@ -11,6 +11,7 @@
 #include "detect/modLinkedList.h"
 #include "detect/tempStore.h"
 #include "platform/platform.h"
+#include "platform/utf8.h"
 #include "progress/scanStatus.h"
 
 namespace quernstoke {

@@ -266,45 +266,34 @@ TEST_F(DirMatchWindow, ButtonsActOnTheirSide) {
   EXPECT_EQ(desk.opened.at(1).file, "C:\\left\\b");
 }
 
-// Answers a question, and does something before the first answer.
-class BusyDialogs : public ScriptedDialogs {
- public:
-  std::function<void()> meanwhile;
-  Answer messageBox(std::string_view text, Buttons shown, std::string_view title,
-                    Icon icon) override {
-    if (const auto now = std::exchange(meanwhile, nullptr)) now();
-    return ScriptedDialogs::messageBox(text, shown, title, icon);
-  }
-};
-
 // What works the controls without mouse and keyboard isn't held off by a question.
 TEST_F(DirMatchWindow, NothingElseIsDoneWhileAQuestionIsUp) {
-  BusyDialogs busy;
-  platform.dialogs = &busy;
-  usePlatform(platform);
-  const std::pair<const char*, std::function<void()>> deeds[] = {{"cmdDelete_0", [&] { click("cmdDelete_0"); }},
-                                                                 {"cmdDelete_1", [&] { click("cmdDelete_1"); }},
-                                                                 {"cmdMove_0", [&] { click("cmdMove_0"); }},
-                                                                 {"cmdMove_1", [&] { click("cmdMove_1"); }},
-                                                                 {"cmdOpen_0", [&] { click("cmdOpen_0"); }},
-                                                                 {"chkShowAll", [&] { click("chkShowAll"); }},
-                                                                 {"cmdClose", [&] { click("cmdClose"); }},
-                                                                 {"close box", [&] { form_->close(); }},
-                                                                 {"Escape", [&] { press(Qt::Key_Escape); }},
-                                                                 {"grid", [&] { clickCell(4, 8); }},
-                                                                 {"key", [&] { press(Qt::Key_Right); }}};
+  using Deed = std::pair<const char*, std::function<void()>>;
+  const Deed deeds[] = {
+      Deed{"cmdDelete_0", [&] { click("cmdDelete_0"); }},
+      Deed{"cmdDelete_1", [&] { click("cmdDelete_1"); }},
+      Deed{"cmdMove_0", [&] { click("cmdMove_0"); }},
+      Deed{"cmdMove_1", [&] { click("cmdMove_1"); }},
+      Deed{"cmdOpen_0", [&] { click("cmdOpen_0"); }},
+      Deed{"chkShowAll", [&] { click("chkShowAll"); }},
+      Deed{"cmdClose", [&] { click("cmdClose"); }},
+      Deed{"close box", [&] { form_->close(); }},
+      Deed{"Escape", [&] { press(Qt::Key_Escape); }},
+      Deed{"grid", [&] { clickCell(4, 8); }},
+      Deed{"key", [&] { press(Qt::Key_Right); }},
+  };
   for (const char* command : {"cmdDelete_0", "cmdMove_0"})
     for (const auto& [name, deed] : deeds) {
       SCOPED_TRACE(std::string(command) + " and " + name);
-      busy.messages.clear();
+      dialogBoxes.messages.clear();
       openTwoGroups();
       clickCell(1, 0);
       for (const char* button : {"cmdDelete_1", "cmdMove_1"})
         control<QWidget>(button).setEnabled(true);
-      busy.meanwhile = deed;
-      busy.answers = {Answer::no};
+      dialogBoxes.onBox = deed;
+      dialogBoxes.answers = {Answer::no};
       click(command);
-      EXPECT_EQ(busy.messages.size(), 1u);
+      EXPECT_EQ(dialogBoxes.messages.size(), 1u);
       ASSERT_TRUE(isOpen());
       EXPECT_THAT(lines(), ElementsAre("a|b", "|c", "|", "e|d"));
       EXPECT_FALSE(control<QCheckBox>("chkShowAll").isChecked());

@@ -7,7 +7,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "core/modMain.h"
 #include "core/scanState.h"
 #include "mainui/modalForms.h"
 #include "results/matchGroupIndex.h"

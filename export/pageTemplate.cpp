@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/text.h"
+#include "platform/utf8.h"
 
 namespace quernstoke {
 

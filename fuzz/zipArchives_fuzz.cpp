@@ -15,12 +15,12 @@
 #include "catalogue/fileTable.h"
 #include "catalogue/modUnzip.h"
 #include "core/scanState.h"
-#include "core/text.h"
 #include "fuzz/require.h"
 #include "platform/linux/pathMapping.h"
 #include "platform/linux/temporaryTree.h"
 #include "platform/linux/zipArchives.h"
 #include "platform/platform.h"
+#include "platform/utf8.h"
 #include "testing/standIns.h"
 
 namespace quernstoke {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/procedure.h"
-#include "core/text.h"
+#include "platform/utf8.h"
 
 namespace quernstoke {
 

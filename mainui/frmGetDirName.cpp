@@ -74,7 +74,7 @@ void frmGetDirName::Form_Load() {
     addMode_ = DialogValue == -1;
     // A pair is edited from its upper half.
     if (!addMode_ && ProfileDirList[editRow_].IncludeExclude == "2") --editRow_;
-    QtList list(ui_->cboFileTypeList);
+    QtComboBox list(ui_->cboFileTypeList);
     basBuildFileTypesList(list);
     basUpdateControls();
   });
@@ -124,7 +124,7 @@ void frmGetDirName::selectOption(int option) {
 
 void frmGetDirName::showFileTypes(const std::string& extensions) {
   if (isNumeric(extensions)) {
-    const QtList list(ui_->cboFileTypeList);
+    const QtComboBox list(ui_->cboFileTypeList);
     selectItem(*ui_->cboFileTypeList, basGetSetFileTypePos(list, toNumber(extensions)).raw());
   } else {
     ui_->cboFileTypeList->setCurrentIndex(-1);
@@ -160,7 +160,7 @@ void frmGetDirName::cmdEditTypes_Click() {
     const int selected = selectedItem(types);
     DialogValue = selected < 0 ? -1 : types.itemData(selected).toInt();
     modalForms.frmAddFileType();
-    QtList list(&types);
+    QtComboBox list(&types);
     basBuildFileTypesList(list);
     selectItem(types, DialogValue == -1 ? 0 : types.findData(DialogValue.raw()));
   });

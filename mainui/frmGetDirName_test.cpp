@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
-#include "core/modMain.h"
 #include "mainui/modalForms.h"
 #include "settings/profileStore.h"
 #include "settings/settings.h"

@@ -12,7 +12,6 @@
 class QCheckBox;
 class QComboBox;
 class QKeyEvent;
-class QLineEdit;
 class QRadioButton;
 
 namespace Ui {
@@ -96,7 +95,6 @@ class frmMain : public Form {
   void updateHelp();
   void displayHelp(Int16 helpId);
   void watchPointer();
-  bool isBackground(const QWidget* widget) const;
   void sbarStatus_MouseMove(int x);
 
   void connectControls();

@@ -9,7 +9,6 @@
 #include "core/text.h"
 #include "mainui/frmMain.h"
 #include "mainui/modalForms.h"
-#include "mainui/quickHelp.h"
 #include "mainui/ui_frmMain.h"
 #include "pictures/pictures.h"
 #include "results/gridWidths.h"

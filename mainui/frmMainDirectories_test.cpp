@@ -1,5 +1,6 @@
 #include <QScrollBar>
 
+#include "controls/units.h"
 #include "mainui/frmMainTest.h"
 #include "mainui/quickHelp.h"
 #include "pictures/pictures.h"
@@ -33,7 +34,7 @@ class MainWindowDirectories : public MainWindowTest {
   // A point in the middle of a cell.
   static QPoint pointIn(int row, int col) {
     const GridLayout layout = view().layoutOnScreen();
-    const int y = (grid().rowPos(row) + grid().rowHeight(row) / 2).raw() / 15;
+    const int y = pixelsFromTwips((grid().rowPos(row) + grid().rowHeight(row) / 2).raw());
     return {layout.edge(col) + 5, y};
   }
   static void clickRow(int row, int col = 1) { click(*view().viewport(), pointIn(row, col)); }
@@ -155,7 +156,8 @@ TEST_F(MainWindowDirectories, AFileTypeThatIsNotThereEndsTheListInItsMiddle) {
   EXPECT_EQ(grid().rows(), 3);
   EXPECT_FALSE(grid().redraw());
   // A picture's width and 20, its own units taken for those of the grid.
-  EXPECT_EQ(grid().colWidth(0), Int32(pictureSize("SmallPlus").width() * 2540 / 96 + 20));
+  EXPECT_EQ(grid().colWidth(0),
+            Int32(pictureUnitsFromPixels(pictureSize("SmallPlus").width()) + 20));
 }
 
 // Rows that are gone can't be scrolled to.
@@ -206,7 +208,8 @@ TEST_F(MainWindowDirectories, ColumnsFitTheirTextAndTheDirectoryGetsTheRest) {
     sum += grid().colWidth(col);
   EXPECT_EQ(sum, grid().width() - 350);
   EXPECT_GT(grid().colWidth(1), grid().width() / 2);
-  EXPECT_EQ(grid().colWidth(0), Int32(pictureSize("SmallPlus").width() * 2540 / 96 + 100));
+  EXPECT_EQ(grid().colWidth(0),
+            Int32(pictureUnitsFromPixels(pictureSize("SmallPlus").width()) + 100));
 }
 
 TEST_F(MainWindowDirectories, NothingIsCurrentAtFirst) {

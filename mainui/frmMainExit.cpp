@@ -15,6 +15,7 @@
 #include "mainui/ui_frmMain.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
+#include "platform/utf8.h"
 #include "platform/windows.h"
 #include "settings/profileStore.h"
 #include "settings/settings.h"

@@ -2,7 +2,6 @@
 #include <utility>
 
 #include "catalogue/fileTable.h"
-#include "catalogue/snapshots.h"
 #include "core/scanState.h"
 #include "mainui/frmMainTest.h"
 

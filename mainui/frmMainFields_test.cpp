@@ -182,17 +182,19 @@ TEST_F(MainWindowFields, AButtonPressedWithoutTheFocusIsHeldOnce) {
   QAccessible::queryAccessibleInterface(&button("cmdExit_0"))
       ->actionInterface()
       ->doAction(QAccessibleActionInterface::pressAction());
-  QTest::qWait(200);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !dialogBoxes.messages.empty(); }));
+  settle();
   EXPECT_THAT(dialogBoxes.messages, ElementsAre("Maximum size must be greater then 0"));
   EXPECT_TRUE(window.isLoaded());
   pressKey(form(), Qt::Key_S, Qt::AltModifier);
-  QTest::qWait(200);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return dialogBoxes.messages.size() > 1; }));
+  settle();
   EXPECT_EQ(dialogBoxes.messages.size(), 2U);
   EXPECT_THAT(windows, IsEmpty());
   EXPECT_TRUE(field("txtMaximumSize").hasFocus());
   field("txtMaximumSize").setText("1");
   pressKey(form(), Qt::Key_S, Qt::AltModifier);
-  QTest::qWait(200);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !windows.empty(); }));
   EXPECT_THAT(windows, testing::Contains("frmScanStatus show"));
 }
 

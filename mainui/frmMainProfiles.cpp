@@ -7,7 +7,6 @@
 #include "core/text.h"
 #include "mainui/frmMain.h"
 #include "mainui/profileSelection.h"
-#include "mainui/quickHelp.h"
 #include "mainui/ui_frmMain.h"
 #include "platform/dialogs.h"
 #include "platform/fileSystem.h"

@@ -1,6 +1,7 @@
 // The settings of the main window: from memory to the controls and back, and the rules of the
 // fields.
 
+#include <QKeyEvent>
 #include <cmath>
 #include <functional>
 #include <vector>
@@ -265,6 +266,28 @@ void frmMain::addFieldRules() {
       return FieldRules::Verdict::stay;
     });
   rules_->add(ui_->txtTempPath, [this] { return txtTempPath_LostFocus(); });
+  ui_->txtContentMatchingPercent->installEventFilter(this);
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == ui_->txtContentMatchingPercent && event->type() == QEvent::KeyPress)
+    return txtContentMatchingPercent_KeyPress(*static_cast<QKeyEvent*>(event));
+  return Form::eventFilter(watched, event);
+}
+
+// Digits alone are taken; the keys that move or leave have no text, or are listed here.
+bool frmMain::txtContentMatchingPercent_KeyPress(const QKeyEvent& press) {
+  switch (press.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Escape:
+    case Qt::Key_Delete:
+      return false;
+    default:
+      return !press.text().isEmpty() && (press.text()[0] < u'0' || press.text()[0] > u'9');
+  }
 }
 
 FieldRules::Verdict frmMain::txtTempPath_LostFocus() {

@@ -21,13 +21,13 @@ class MainWindowSettings : public MainWindowTest {
     if (box("chkMatchingOption_2").isChecked()) letters += 'S';
     return letters;
   }
-  static std::string open(const char* name) { return isEnabled(name) ? "+" : "-"; }
+  static std::string enabledMark(const char* name) { return isEnabled(name) ? "+" : "-"; }
   // Of Name, Content, Size, the slow network box, the percent and Start.
   static std::string enabled() {
-    return open("chkMatchingOption_0") + open("chkMatchingOption_1") + open("chkMatchingOption_2") +
-           open("chkSlowNetwork") + open("txtContentMatchingPercent") + open("cmdStart");
+    return enabledMark("chkMatchingOption_0") + enabledMark("chkMatchingOption_1") +
+           enabledMark("chkMatchingOption_2") + enabledMark("chkSlowNetwork") +
+           enabledMark("txtContentMatchingPercent") + enabledMark("cmdStart");
   }
-  using MainWindowTest::open;
   static void clickBox(const char* name) { click(box(name), {8, box(name).height() / 2}); }
   static std::string memory() { return control<QLabel>("labBufferSizeMB").text().toStdString(); }
   std::string savedCriteria() {

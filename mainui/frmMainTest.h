@@ -17,7 +17,6 @@
 #include "core/modMain.h"
 #include "mainui/frmMain.h"
 #include "mainui/frmMainWindow.h"
-#include "mainui/helpStrings.h"
 #include "mainui/modalForms.h"
 #include "platform/platform.h"
 #include "settings/profileStore.h"

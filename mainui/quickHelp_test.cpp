@@ -16,7 +16,7 @@ using testing::IsEmpty;
 class QuickHelpTest : public EngineTest {
  protected:
   // A help panel that shows nothing yet.
-  ScriptedTag fraHelp;
+  ScriptedTagged<TaggedControl> fraHelp;
   ScriptedTextBox txtHelp;
 
   void pointAt(int id) { basDisplayHelp(id, fraHelp, txtHelp); }

@@ -78,9 +78,9 @@ class Archives {
   // With nvflag lists the archive, else extracts the entries that are named. In a name, "[" and "]"
   // have a backslash in front, and letter case counts. A name that fits several entries, or that
   // several have in the catalogue, fits none: the content of one would pass for that of another.
-  // An extraction writes a whole file into
-  // lpszExtractDir under the entry's bare name, in the place of a file that is there, without a
-  // question and never through a link; or it fails and leaves what was there as it was.
+  // An extraction writes a whole file into lpszExtractDir under the entry's bare name, in the place
+  // of a file that is there, without a question and never through a link; or it fails and leaves
+  // what was there as it was.
   virtual int singleEntryUnzip(std::span<const std::string> included, const ArchiveOptions& options,
                                ArchiveCallbacks& callbacks) = 0;
 };

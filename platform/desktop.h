@@ -28,12 +28,12 @@ struct ShellRequest {
   std::intptr_t window = 0;  // The window that asks, or 0.
 };
 
-// Answers of shellExecute; everything above noAssociation's neighbour 32 is success.
+// Answers of shellExecute; a value below 0 or above 32 is success.
 enum ShellAnswer : std::int32_t {
-  shellOutOfMemory = 8,
   shellFileNotFound = 2,
   shellPathNotFound = 3,
   shellAccessDenied = 5,
+  shellOutOfMemory = 8,
   shellNoAssociation = 31,
   shellSuccess = 33,
 };
@@ -43,7 +43,7 @@ class Desktop {
  public:
   virtual ~Desktop() = default;
 
-  // Opens a file with its associated program. A value below 0 or above 32 is success.
+  // Opens a file with its associated program, and returns a ShellAnswer.
   virtual std::int32_t shellExecute(const ShellRequest& request) = 0;
   // The directory with this id; id 5 is the person's documents. Nothing when there is none.
   virtual std::optional<std::string> specialFolder(std::int32_t id) = 0;

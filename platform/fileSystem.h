@@ -109,7 +109,7 @@ class FileSystem {
   // Removes it, also with the read-only bit. A file of another size or date has changed.
   virtual void removeWalked(const WalkedFile& file) = 0;
   // The same. A file that isn't as it was seen, or another one in its place, has changed.
-  virtual void removeSeen(std::string_view path, std::string_view root, const SeenFile& seen) = 0;
+  virtual void removeSeen(std::string_view path, std::string_view root, const SeenFile& before) = 0;
   // Copies it to a path at which there is nothing, in any letter case, with its date and its
   // permissions as far as the disk there keeps them. When it returns, the copy has reached the
   // disk, and so have the directories on the way to it, as far up as they are of that disk; when it

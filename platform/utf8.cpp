@@ -31,4 +31,18 @@ Character characterAt(std::string_view text, std::size_t position) {
   return {code, length, true};
 }
 
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+  std::size_t end = 0;
+  for (; count > 0 && end < text.size(); --count)
+    end += characterAt(text, end).length;
+  return text.substr(0, end);
+}
+
+std::size_t characterCount(std::string_view text) {
+  std::size_t count = 0;
+  for (std::size_t at = 0; at < text.size(); at += characterAt(text, at).length)
+    ++count;
+  return count;
+}
+
 }  // namespace quernstoke

@@ -20,4 +20,8 @@ struct Character {
 // REQUIRES: position < text.size().
 Character characterAt(std::string_view text, std::size_t position);
 
+// At most `count` characters from the start of a text.
+std::string_view firstCharacters(std::string_view text, std::size_t count);
+std::size_t characterCount(std::string_view text);
+
 }  // namespace quernstoke

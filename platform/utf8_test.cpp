@@ -1,7 +1,6 @@
 #include "platform/utf8.h"
 
 #include <gtest/gtest.h>
-#include <string>
 #include <vector>
 
 namespace quernstoke {
@@ -31,6 +30,20 @@ TEST(Utf8, OverlongFormsSurrogatesAndCodesBeyondTheLastAreNoCharacters) {
   for (const char* text : {"\xC0\x80", "\xE0\x80\x80", "\xF0\x80\x80\x80", "\xED\xA0\x80",
                            "\xF4\x90\x80\x80", "\xF5\x80\x80\x80"})
     EXPECT_FALSE(characterAt(text, 0).isValid) << text;
+}
+
+TEST(Utf8, CharactersAreCounted) {
+  EXPECT_EQ(characterCount(""), 0u);
+  EXPECT_EQ(characterCount("\u00E9\u20ACx"), 3u);
+  EXPECT_EQ(characterCount("a\xFF\xFE"), 3u);
+}
+
+TEST(Utf8, TextIsCutBetweenCharacters) {
+  EXPECT_EQ(firstCharacters("\u00E9\u20ACx", 2), "\u00E9\u20AC");
+  EXPECT_EQ(firstCharacters("ab", 5), "ab");
+  EXPECT_EQ(firstCharacters("ab", 0), "");
+  EXPECT_EQ(firstCharacters("a\xFF\xFE", 2), "a\xFF");
+  EXPECT_EQ(firstCharacters("\u00E9\xA9x", 2), "\u00E9\xA9");
 }
 
 }  // namespace

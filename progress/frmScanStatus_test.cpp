@@ -38,7 +38,7 @@ using testing::Not;
 using testing::StartsWith;
 
 // Serves what is waiting, and what that brings about.
-void settle() {
+void serveEvents() {
   for (int round = 0; round < 4; ++round)
     QApplication::processEvents();
 }
@@ -49,7 +49,7 @@ class FrmScanStatusTest : public EngineTest {
   FrmScanStatusTest() {
     platform.frmScanStatus = &window;
     usePlatform(platform);
-    eventLoop.onYield = settle;
+    eventLoop.onYield = serveEvents;
     ProfileName = "Music";
     openLog();
   }
@@ -61,7 +61,7 @@ class FrmScanStatusTest : public EngineTest {
   void show(std::int16_t state) {
     RunState = state;
     window.show();
-    settle();
+    serveEvents();
   }
   // A scan that compares the files of a list and has come to one of them.
   void showComparing(int position, int fileCount) {
@@ -113,7 +113,7 @@ TEST_F(FrmScanStatusTest, MoreShowsTheLongViewAndLessTheShortOne) {
   for (const auto& [more, text, height] :
        {std::tuple(true, "<< Less", longHeight), {false, "More >>", shortHeight()}}) {
     button("cmdMoreLess").click();
-    settle();
+    serveEvents();
     EXPECT_EQ(ScanDetailsShown, more);
     EXPECT_EQ(button("cmdMoreLess").text(), text);
     EXPECT_EQ(form().height(), height);
@@ -131,7 +131,7 @@ TEST_F(FrmScanStatusTest, StatusIsSeenInBothViews) {
   };
   EXPECT_TRUE(isInWindow());
   button("cmdMoreLess").click();
-  settle();
+  serveEvents();
   EXPECT_TRUE(isInWindow());
 }
 
@@ -152,7 +152,7 @@ TEST_F(FrmScanStatusTest, FiguresHaveTheirCaptions) {
 TEST_F(FrmScanStatusTest, NothingOfTheLongViewIsCovered) {
   show(runState::comparing);
   button("cmdMoreLess").click();
-  settle();
+  serveEvents();
   pointAt(panel(1));
   const QWidget& title = control<QWidget>("fraScanStatusTitle");
 
@@ -439,7 +439,7 @@ TEST_F(FrmScanStatusTest, HelpLastsFiveSecondsFromTheLastMove) {
   EXPECT_EQ(timer.interval(), 5000);
 
   timer.start(0);  // The time is over.
-  settle();
+  serveEvents();
   EXPECT_FALSE(timer.isActive());
   EXPECT_EQ(label("labHelp"), "");
   EXPECT_FALSE(isShown("labHelp"));
@@ -503,7 +503,7 @@ TEST_F(FrmScanStatusTest, FailedHelpIsToldAndItsLineStillComesUp) {
 TEST_F(FrmScanStatusTest, LongViewTellsFileTimesAndReads) {
   showComparing(20, 30);
   button("cmdMoreLess").click();
-  settle();
+  serveEvents();
   ScanStartTime = {clock.time.seconds - 60};
   EstimatedEndTime = {clock.time.seconds + 300};
   BufferReads = 1;
@@ -537,7 +537,7 @@ TEST_F(FrmScanStatusTest, LongPathIsFittedToTheLabel) {
   buildCatalogue({{"song.mp3", "C:\\Data" + folder + folder + folder + folder + "\\Album"}});
   show(runState::comparing);
   button("cmdMoreLess").click();
-  settle();
+  serveEvents();
   basUpdateStatusFields("", 1, 0);
   const auto& file = control<ElidingLabel>("labFile1");
 
@@ -560,7 +560,7 @@ TEST_F(FrmScanStatusTest, MinimisedWindowTellsThePercentageInItsCaption) {
   const std::string files = panel(3).text;
   button("cmdMoreLess").click();
   form().setShownState(ShownState::minimised);
-  settle();
+  serveEvents();
   StatusFileNumber = 25;
   basUpdateStatusFields("Searching for duplicates...", 25, 0);
   showPositionInStatusBar();
@@ -571,7 +571,7 @@ TEST_F(FrmScanStatusTest, MinimisedWindowTellsThePercentageInItsCaption) {
   EXPECT_EQ(label("labFile1"), "");
 
   form().setShownState(ShownState::normal);
-  settle();
+  serveEvents();
   showPositionInStatusBar();
   EXPECT_EQ(caption(), "Scanning...");
 }
@@ -593,7 +593,7 @@ class ScanInWindowTest : public FrmScanStatusTest {
   // What the person does at each yield, once the window has been painted.
   void scan(std::function<void()> act) {
     eventLoop.onYield = [act = std::move(act)] {
-      settle();
+      serveEvents();
       act();
     };
     basStartScan();
@@ -638,7 +638,7 @@ TEST_F(ScanInWindowTest, StormOfClicksLeavesAScanThatWasPausedOrAborted) {
       form().close();
       form().setShownState(round % 2 ? ShownState::normal : ShownState::minimised);
       window.refresh();
-      settle();
+      serveEvents();
     }
   });
 

@@ -3,10 +3,8 @@
 #include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QCursor>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QScreen>
 #include <QWheelEvent>
 #include <functional>
 #include <utility>
@@ -32,6 +30,7 @@
 #include "results/gridScrolling.h"
 #include "results/gridSelection.h"
 #include "results/gridWidths.h"
+#include "results/resultsButtons.h"
 #include "results/resultsGrid.h"
 #include "results/resultsWindow.h"
 #include "results/ui_frmResults.h"
@@ -60,61 +59,6 @@ QAction* addItem(QMenu& menu, const char* name, const QString& text,
 }
 
 }  // namespace
-
-// Says by its picture whether the columns are fitted.
-class AutoResizeButton : public PictureButtonControl {
- public:
-  explicit AutoResizeButton(QPushButton* button) : button_(button) {}
-  std::string tag() const override { return tagOf(*button_); }
-  void setTag(std::string_view tag) override { quernstoke::setTag(*button_, tag); }
-  void setPicture(std::string_view key) override {
-    button_->setIcon(picture(key));
-    button_->setAccessibleDescription(qtText(key));
-  }
-
- private:
-  QPushButton* button_;
-};
-
-// A name of the person's own has no mnemonic, and may be wider than the screen.
-class FilterItem : public MenuItemControl {
- public:
-  explicit FilterItem(QAction* item) : item_(item) {}
-  std::string tag() const override { return tagOf(*item_); }
-  void setTag(std::string_view tag) override { quernstoke::setTag(*item_, tag); }
-  void setCaption(std::string_view caption) override {
-    const QFontMetrics metrics(item_->font());
-    const int widest = QGuiApplication::primaryScreen()->availableSize().width() * 3 / 4;
-    item_->setText(metrics.elidedText(qtText(caption), Qt::ElideMiddle, widest).replace("&", "&&"));
-  }
-
- private:
-  QAction* item_;
-};
-
-// Has no text that could be bold: it stays down instead.
-class DirectoryButton : public DirectoryButtonControl {
- public:
-  explicit DirectoryButton(QPushButton* button) : button_(button) {}
-  std::string tag() const override { return tagOf(*button_); }
-  void setTag(std::string_view tag) override { quernstoke::setTag(*button_, tag); }
-  void setToolTip(std::string_view text) override {
-    button_->setToolTip(qtText(text));
-    button_->setAccessibleDescription(qtText(text));
-  }
-  void setBold(bool bold) override {
-    QFont font = button_->font();
-    font.setBold(bold);
-    button_->setFont(font);
-    button_->setCheckable(bold);
-    button_->setChecked(bold);
-  }
-  // After a click, which would release it.
-  void staySet() { button_->setChecked(button_->isCheckable()); }
-
- private:
-  QPushButton* button_;
-};
 
 frmResults::frmResults() : ui_(std::make_unique<Ui::frmResults>()) {
   ui_->setupUi(this);

@@ -29,9 +29,8 @@ class AutoResizeButton;
 class DirectoryButton;
 class FilterItem;
 
-// Shows what a scan has found, page by page, and lets the person tick, open, delete,
-// filter and match files.
-// Leaving it, which leads back to the main window, writes the list to disk.
+// Shows what a scan has found, page by page, and lets the person tick, open, delete, filter and
+// match files. Leaving it, which leads back to the main window, writes the list to disk.
 class frmResults : public Form, private ResultsControls {
   Q_OBJECT
 

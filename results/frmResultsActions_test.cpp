@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QStyleOptionSlider>
-#include <QTest>
 #include <utility>
 
 #include "results/frmResultsTest.h"
@@ -435,19 +434,7 @@ TEST_F(ResultsMenuTest, MenuGoesWhenTheListIsBuiltAnew) {
 
 // Deletion.
 
-class ResultsDeletionTest : public ResultsWindowTest {
- protected:
-  // Answers a message and does something meanwhile.
-  class BusyDialogs : public ScriptedDialogs {
-   public:
-    std::function<void()> meanwhile;
-    Answer messageBox(std::string_view text, Buttons shown, std::string_view title,
-                      Icon icon) override {
-      if (meanwhile) meanwhile();
-      return ScriptedDialogs::messageBox(text, shown, title, icon);
-    }
-  };
-};
+using ResultsDeletionTest = ResultsWindowTest;
 
 TEST_F(ResultsDeletionTest, SelectedFileIsStruckThrough) {
   showFiles(20);
@@ -508,18 +495,15 @@ TEST_F(ResultsDeletionTest, NothingTickedIsTold) {
 // Under a message the desktop may resize the window, which sorts the list and turns to its first
 // page: the rows still to be deleted would then be other files.
 TEST_F(ResultsDeletionTest, PageStaysAsItIsWhileAMessageIsUp) {
-  BusyDialogs busy;
-  platform.dialogs = &busy;
-  usePlatform(platform);
   showFiles(150);
   press(Qt::Key_PageDown);
   dragCells(2, 4, 1);
   const std::vector<std::string> chosen = {text(2, 1), text(3, 1), text(4, 1)};
   disk.failOn(DiskAction::remove, "C:\\music\\" + chosen[0], FailureNumber::permissionDenied);
-  busy.meanwhile = [&] { resizeTo(900, 480); };
+  dialogBoxes.onBox = [&] { resizeTo(900, 480); };
   const std::size_t before = disk.names("C:\\music").size();
   click("cmdDeleteFile_0");
-  ASSERT_THAT(busy.messages, SizeIs(1));
+  ASSERT_THAT(dialogBoxes.messages, SizeIs(1));
   EXPECT_TRUE(onDisk(chosen[0]));
   EXPECT_FALSE(onDisk(chosen[1]));
   EXPECT_FALSE(onDisk(chosen[2]));
@@ -529,18 +513,13 @@ TEST_F(ResultsDeletionTest, PageStaysAsItIsWhileAMessageIsUp) {
 
 // What works the controls without mouse and keyboard isn't held off by a message.
 TEST_F(ResultsDeletionTest, NothingElseIsDoneWhileAMessageIsUp) {
-  BusyDialogs busy;
-  platform.dialogs = &busy;
-  usePlatform(platform);
   showFiles(150);
   dragCells(2, 4, 1);
   const std::vector<std::string> chosen = {text(2, 1), text(3, 1), text(4, 1)};
   disk.failOn(DiskAction::remove, "C:\\music\\" + chosen[0], FailureNumber::permissionDenied);
   const std::size_t before = disk.names("C:\\music").size();
   const std::vector<std::string> pageBefore = names();
-  bool tried = false;
-  busy.meanwhile = [&] {
-    if (std::exchange(tried, true)) return;
+  dialogBoxes.onBox = [&] {
     choose("cboView", 1);
     choose("cboGroup", 1);
     view().setFocus();
@@ -554,7 +533,7 @@ TEST_F(ResultsDeletionTest, NothingElseIsDoneWhileAMessageIsUp) {
     EXPECT_EQ(names(), pageBefore);
   };
   click("cmdDeleteFile_0");
-  EXPECT_THAT(busy.messages, SizeIs(1));
+  EXPECT_THAT(dialogBoxes.messages, SizeIs(1));
   EXPECT_EQ(disk.names("C:\\music").size(), before - 2);
   EXPECT_TRUE(onDisk(chosen[0]));
   EXPECT_THAT(ticked(), IsEmpty());

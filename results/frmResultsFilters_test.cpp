@@ -1,6 +1,5 @@
 // Filters and the choice of two directories in the results window.
 
-#include <QApplication>
 #include <QScreen>
 #include <optional>
 

@@ -17,7 +17,6 @@
 #include "controls/flexGrid.h"
 #include "controls/panelStatusBar.h"
 #include "core/modMain.h"
-#include "core/scanState.h"
 #include "mainui/modalForms.h"
 #include "platform/platform.h"
 #include "results/frmResultsWindow.h"

@@ -5,6 +5,7 @@
 #include <QScreen>
 
 #include "controls/units.h"
+#include "core/scanState.h"
 #include "pictures/pictures.h"
 #include "results/frmResultsTest.h"
 #include "testing/gridScreen.h"

@@ -10,6 +10,7 @@
 #include "dirmatch/dirMatchControls.h"
 #include "dirmatch/dirMatchGrid.h"
 #include "platform/controls.h"
+#include "testing/fakes.h"
 #include "testing/gridScreen.h"
 
 namespace quernstoke {
@@ -48,17 +49,6 @@ class ScriptedDirMatchControls : public DirMatchControls {
   std::intptr_t hWnd() const override { return 77; }
 
  private:
-  class PerCharacter : public TextRuler {
-   public:
-    explicit PerCharacter(std::int32_t margins) : margins_(margins) {}
-    std::int32_t width(std::string_view text) const override {
-      return margins_ + 100 * static_cast<std::int32_t>(text.size());
-    }
-
-   private:
-    std::int32_t margins_;
-  };
-
   static void put(std::set<std::string, std::less<>>& names, std::string_view name, bool isIn) {
     if (isIn)
       names.emplace(name);
@@ -66,8 +56,8 @@ class ScriptedDirMatchControls : public DirMatchControls {
       names.erase(found);
   }
 
-  PerCharacter labelRuler_{0};
-  PerCharacter cellRuler_{7};
+  CharacterRuler labelRuler_{100};
+  CharacterRuler cellRuler_{100, 7};
 };
 
 }  // namespace quernstoke

@@ -3,10 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "core/integers.h"
+#include "catalogue/fileTable.h"
 #include "testing/standIns.h"
 
 namespace quernstoke {
@@ -33,7 +32,7 @@ struct CatalogueFile {
   std::string name;
   std::string directory;
   int size = 0;
-  int matchNumber = -2;
+  int matchNumber = noMatch;
 };
 
 // Fills the catalogue with these files, in this order; directories get rows as they come up. The

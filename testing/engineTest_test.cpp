@@ -1,7 +1,5 @@
 #include "testing/engineTest.h"
 
-#include "core/modMain.h"
-
 namespace quernstoke {
 namespace {
 

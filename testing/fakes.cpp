@@ -32,13 +32,14 @@ std::string replaced(std::string text, std::string_view what, std::string_view w
 
 }  // namespace
 
-void ScriptedDialogs::failIfTold() {
+void ScriptedDialogs::comeUp() {
+  if (const auto happens = std::exchange(onBox, nullptr)) happens();
   if (const auto number = std::exchange(failNext, std::nullopt)) fail(*number);
 }
 
 Answer ScriptedDialogs::messageBox(std::string_view text, Buttons shown, std::string_view title,
                                    Icon icon) {
-  failIfTold();
+  comeUp();
   messages.emplace_back(text);
   titles.emplace_back(title);
   buttons.push_back(shown);
@@ -49,7 +50,7 @@ Answer ScriptedDialogs::messageBox(std::string_view text, Buttons shown, std::st
 
 std::string ScriptedDialogs::inputBox(std::string_view prompt, std::string_view title,
                                       std::string_view preset) {
-  failIfTold();
+  comeUp();
   messages.emplace_back(prompt);
   titles.emplace_back(title);
   presets.emplace_back(preset);

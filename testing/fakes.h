@@ -31,6 +31,7 @@ class ScriptedDialogs : public Dialogs {
   std::vector<std::string> inputs;        // Likewise, for input boxes.
   std::vector<std::string> presets;       // Of the input boxes.
   std::optional<FailureNumber> failNext;  // The next box fails with this.
+  std::function<void()> onBox;            // Runs while the next box is up.
   int beeps = 0;
 
   Answer messageBox(std::string_view text, Buttons shown, std::string_view title,
@@ -40,7 +41,7 @@ class ScriptedDialogs : public Dialogs {
   void beep() override { ++beeps; }
 
  private:
-  void failIfTold();
+  void comeUp();
 };
 
 class ScriptedDesktop : public Desktop {
@@ -121,12 +122,18 @@ class ScriptedMainWindow : public MainWindow {
   WindowLog& log_;
 };
 
-// Measures a character as one unit.
+// Measures each character as one and the same width, with margins around the text.
 class CharacterRuler : public TextRuler {
  public:
+  explicit CharacterRuler(std::int32_t unit = 1, std::int32_t margins = 0)
+      : unit_(unit), margins_(margins) {}
   std::int32_t width(std::string_view text) const override {
-    return static_cast<std::int32_t>(text.size());
+    return margins_ + unit_ * static_cast<std::int32_t>(text.size());
   }
+
+ private:
+  std::int32_t unit_;
+  std::int32_t margins_;
 };
 
 class ScriptedScanStatusWindow : public ScanStatusWindow {
@@ -202,9 +209,10 @@ class ScriptedOption : public OptionControl {
   void select() override { selected = true; }
 };
 
-class ScriptedTag : public TaggedControl {
+template <class Interface>
+class ScriptedTagged : public Interface {
  public:
-  std::string text;
+  std::string text;  // The tag.
   std::string tag() const override { return text; }
   void setTag(std::string_view tag) override { text = tag; }
 };

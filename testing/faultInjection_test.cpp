@@ -1,7 +1,7 @@
-// Runs of the program, from its start to the end of a scan, in which one call to the disk or to the
-// archive library fails, each of those calls in its turn, or all calls from one on; of the reads of
-// settings, a byte each, only some, of a full disk only the calls that take room, and where only a
-// part of the program goes another way than elsewhere, only the calls of that part.
+// Runs of the program, from its start to the end of a scan, in which a call to the disk or to the
+// archive library fails: each call in its turn, or all from one on. Of reads of settings only some
+// fail; on a full disk, only calls that take room; where only a part of the program goes another
+// way, only that part's calls.
 
 #include <algorithm>
 #include <gmock/gmock.h>

@@ -106,7 +106,7 @@ class MemoryFileSystem : public FileSystem {
   std::string nameOnDisk(std::string_view path) override;
   SeenFile lookWalked(std::string_view path, std::string_view root) override;
   void removeWalked(const WalkedFile& file) override;
-  void removeSeen(std::string_view path, std::string_view root, const SeenFile& seen) override;
+  void removeSeen(std::string_view path, std::string_view root, const SeenFile& expected) override;
   WalkedCopy copyWalked(std::string_view path, std::string_view root, std::string_view to) override;
   bool isSameFile(std::string_view path, std::string_view other) override;
   void rename(std::string_view from, std::string_view to) override;
@@ -145,7 +145,7 @@ class MemoryFileSystem : public FileSystem {
   template <class Visit>
   void eachNode(Visit visit) const;
 
-  std::map<std::string, std::shared_ptr<Node>> drives_;  // By upper-case letter and colon.
+  std::map<std::string, std::shared_ptr<Node>> drives_;  // By lower-case letter and colon.
   std::map<FileNumber, OpenFile> open_;
   std::vector<PlannedFailure> planned_;
   std::int64_t changes_ = 0;  // A clock for what was done to files.

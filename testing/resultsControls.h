@@ -11,20 +11,18 @@
 #include "controls/flexGridModel.h"
 #include "platform/controls.h"
 #include "results/resultsControls.h"
+#include "testing/fakes.h"
 #include "testing/gridScreen.h"
 
 namespace quernstoke {
 
 // Tells each change of its value, as a real one does.
-class ScriptedScrollBar : public ScrollBarControl {
+class ScriptedScrollBar : public ScriptedTagged<ScrollBarControl> {
  public:
   std::function<void()> onChange;
   std::vector<int> values;  // All that it was moved to.
-  std::string text;         // The tag.
   bool visible = true;
 
-  std::string tag() const override { return text; }
-  void setTag(std::string_view tag) override { text = tag; }
   std::int16_t minimum() const override { return minimum_; }
   std::int16_t maximum() const override { return maximum_; }
   std::int16_t largeChange() const override { return largeChange_; }
@@ -56,44 +54,27 @@ class ScriptedScrollBar : public ScrollBarControl {
   std::int16_t value_ = 0;
 };
 
-class ScriptedPictureButton : public PictureButtonControl {
+class ScriptedPictureButton : public ScriptedTagged<PictureButtonControl> {
  public:
-  std::string text;  // The tag.
   std::string picture;
 
-  std::string tag() const override { return text; }
-  void setTag(std::string_view tag) override { text = tag; }
   void setPicture(std::string_view key) override { picture = key; }
 };
 
-class ScriptedMenuItem : public MenuItemControl {
+class ScriptedMenuItem : public ScriptedTagged<MenuItemControl> {
  public:
-  std::string text;  // The tag.
   std::string caption;
 
-  std::string tag() const override { return text; }
-  void setTag(std::string_view tag) override { text = tag; }
   void setCaption(std::string_view shown) override { caption = shown; }
 };
 
-class ScriptedDirectoryButton : public DirectoryButtonControl {
+class ScriptedDirectoryButton : public ScriptedTagged<DirectoryButtonControl> {
  public:
-  std::string text;  // The tag.
   std::string toolTip;
   bool bold = false;
 
-  std::string tag() const override { return text; }
-  void setTag(std::string_view tag) override { text = tag; }
   void setToolTip(std::string_view shown) override { toolTip = shown; }
   void setBold(bool shown) override { bold = shown; }
-};
-
-// Measures a character as 100 twips, as the scripted screen does.
-class TwipRuler : public TextRuler {
- public:
-  std::int32_t width(std::string_view text) const override {
-    return 100 * static_cast<std::int32_t>(text.size());
-  }
 };
 
 // The results window with a grid on a scripted screen, as its load leaves it.
@@ -155,7 +136,7 @@ class ScriptedResultsControls : public ResultsControls {
   void basUpdateStatusBar() override { ++statusBarUpdates; }
 
  private:
-  TwipRuler ruler_;
+  CharacterRuler ruler_{100};  // As the scripted screen.
 };
 
 }  // namespace quernstoke

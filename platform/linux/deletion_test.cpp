@@ -78,7 +78,7 @@ TEST_F(DeletionOnDisk, FileGoes) {
 
 TEST_F(DeletionOnDisk, ReadOnlyFileGoes) {
   tree_.file("song");
-  ::chmod(tree_.path("song").c_str(), 0444);
+  tree_.setMode("song", 0444);
   EXPECT_TRUE(remove(root(), "song"));
   EXPECT_FALSE(tree_.exists("song"));
 }
@@ -86,7 +86,7 @@ TEST_F(DeletionOnDisk, ReadOnlyFileGoes) {
 // A file may have several names, and the others' permissions are the same.
 TEST_F(DeletionOnDisk, OtherNameOfAReadOnlyFileStaysReadOnly) {
   tree_.file("song", "x");
-  ::chmod(tree_.path("song").c_str(), 0444);
+  tree_.setMode("song", 0444);
   std::filesystem::create_hard_link(tree_.path("song"), tree_.path("copy"));
   EXPECT_TRUE(remove(root(), "song"));
   struct stat facts {};
@@ -96,8 +96,8 @@ TEST_F(DeletionOnDisk, OtherNameOfAReadOnlyFileStaysReadOnly) {
 
 TEST_F(DeletionOnDisk, FileInAReadOnlyDirectoryStaysAsItIs) {
   tree_.file("sub/song");
-  ::chmod(tree_.path("sub/song").c_str(), 0444);
-  ::chmod(tree_.path("sub").c_str(), 0555);
+  tree_.setMode("sub/song", 0444);
+  tree_.setMode("sub", 0555);
   const WithoutPrivileges ordinary(tree_);
   if (!ordinary.areInForce()) GTEST_SKIP() << "nothing is refused to this user";
   EXPECT_FALSE(remove(inRoot("sub"), "song"));
@@ -107,7 +107,7 @@ TEST_F(DeletionOnDisk, FileInAReadOnlyDirectoryStaysAsItIs) {
   struct stat facts {};
   ASSERT_EQ(::stat(tree_.path("sub/song").c_str(), &facts), 0);
   EXPECT_EQ(facts.st_mode & 0777u, 0444u);
-  ::chmod(tree_.path("sub").c_str(), 0755);
+  tree_.setMode("sub", 0755);
 }
 
 TEST_F(DeletionOnDisk, FileThatHasGoneIsNotMentioned) {

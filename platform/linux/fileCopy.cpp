@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "platform/linux/exactPath.h"
+#include "platform/linux/fileFacts.h"
 #include "platform/linux/systemCall.h"
 #include "platform/linux/unfinishedFile.h"
 #include "platform/linux/writeAll.h"
@@ -22,10 +23,6 @@ constexpr std::size_t bufferSize = std::size_t{1} << 20;
 
 bool isSameTime(const timespec& left, const timespec& right) {
   return left.tv_sec == right.tv_sec && left.tv_nsec == right.tv_nsec;
-}
-
-bool isSameEntry(const struct stat& left, const struct stat& right) {
-  return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
 }
 
 // Whether two looks saw one file with nothing done to it between them.
@@ -43,7 +40,7 @@ int copyContent(int source, int target, off_t length) {
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) return -errno;
     if (got == 0) return -changedMeanwhile;  // It has been cut.
-    const int outcome = writeAll(target, buffer.get(), static_cast<std::size_t>(got));
+    const int outcome = writeAll(target, {buffer.get(), static_cast<std::size_t>(got)});
     if (outcome < 0) return outcome;
     position += got;
   }

@@ -6,8 +6,6 @@
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <set>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/time.h>
@@ -15,6 +13,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "platform/linux/limitedFileSize.h"
 #include "platform/linux/linuxFileSystem.h"
 #include "platform/linux/smallDisk.h"
 #include "platform/linux/temporaryTree.h"
@@ -80,12 +79,6 @@ class FileCopyTest : public testing::Test {
     EXPECT_EQ(::lstat(tree_.path(path).c_str(), &result), 0);
     return result;
   }
-  std::set<std::string> targets() const {
-    std::set<std::string> found;
-    for (const auto& entry : std::filesystem::directory_iterator(tree_.path("to")))
-      found.insert(entry.path().filename());
-    return found;
-  }
   ~FileCopyTest() override {
     beforeSync = nullptr;
     beforeReserving = nullptr;
@@ -106,7 +99,7 @@ class FileCopyTest : public testing::Test {
   }
   void expectChanged() const {
     EXPECT_EQ(copy("file"), -changedMeanwhile);
-    EXPECT_THAT(targets(), IsEmpty());
+    EXPECT_THAT(tree_.names("to"), IsEmpty());
   }
   // Longer than what is copied at a time.
   static std::string longContent() {
@@ -133,7 +126,7 @@ TEST_F(FileCopyTest, KeepsDatesAndPermissions) {
   for (const mode_t mode : {0444u, 0640u, 0755u, 0600u, 04755u}) {
     tree_.file("from/file", "x");
     const timespec times[] = {{1'000'000'000, 0}, {1'234'567'890, 123'456'789}};
-    ASSERT_EQ(::chmod(tree_.path("from/file").c_str(), mode), 0);
+    tree_.setMode("from/file", mode);
     ASSERT_EQ(::utimensat(AT_FDCWD, tree_.path("from/file").c_str(), times, 0), 0);
     EXPECT_EQ(copy("file"), 0);
     const struct stat copied = facts("to/copy");
@@ -180,7 +173,7 @@ TEST_F(FileCopyTest, BitsThatLendRightsStayWithTheirOwner) {
   const uid_t user = ::geteuid();
   if (::seteuid(0) != 0) GTEST_SKIP() << "this user has no files of others";
   ASSERT_EQ(::chown(tree_.path("from/file").c_str(), 0, 0), 0);
-  ASSERT_EQ(::chmod(tree_.path("from/file").c_str(), 04755), 0);
+  tree_.setMode("from/file", 04755);
   ASSERT_EQ(::seteuid(user), 0);
   EXPECT_EQ(copy("file"), 0);
   EXPECT_EQ(facts("to/copy").st_uid, user);
@@ -194,7 +187,7 @@ TEST_F(FileCopyTest, NeverReplaces) {
   EXPECT_EQ(copy("file"), -EEXIST);
   EXPECT_EQ(copy("file", "dangling"), -EEXIST);
   EXPECT_EQ(tree_.content("to/copy"), "old");
-  EXPECT_THAT(targets(), ElementsAre("copy", "dangling"));
+  EXPECT_THAT(tree_.names("to"), ElementsAre("copy", "dangling"));
 }
 
 TEST_F(FileCopyTest, TakesTheFileItselfByItsExactPath) {
@@ -210,40 +203,35 @@ TEST_F(FileCopyTest, TakesTheFileItselfByItsExactPath) {
   EXPECT_EQ(copy("fifo"), -ENOENT);
   EXPECT_EQ(copy("Sub"), -ENOENT);
   EXPECT_EQ(copy(".."), -ENOENT);
-  EXPECT_THAT(targets(), IsEmpty());
+  EXPECT_THAT(tree_.names("to"), IsEmpty());
   EXPECT_EQ(copy("Sub/File"), 0);
 }
 
 TEST_F(FileCopyTest, FileThatMayNotBeReadIsNotCopied) {
   tree_.file("from/file", "x");
-  ::chmod(tree_.path("from/file").c_str(), 0);
+  tree_.setMode("from/file", 0);
   const WithoutPrivileges ordinary(tree_);
   if (!ordinary.areInForce()) GTEST_SKIP() << "nothing is refused to this user";
   EXPECT_EQ(copy("file"), -EACCES);
-  EXPECT_THAT(targets(), IsEmpty());
+  EXPECT_THAT(tree_.names("to"), IsEmpty());
 }
 
 TEST_F(FileCopyTest, DirectoryThatMayNotBeWrittenGetsNothing) {
   tree_.file("from/file", "x");
-  ::chmod(tree_.path("to").c_str(), 0555);
+  tree_.setMode("to", 0555);
   const WithoutPrivileges ordinary(tree_);
   if (!ordinary.areInForce()) GTEST_SKIP() << "nothing is refused to this user";
   EXPECT_EQ(copy("file"), -EACCES);
-  EXPECT_THAT(targets(), IsEmpty());
+  EXPECT_THAT(tree_.names("to"), IsEmpty());
 }
 
 TEST_F(FileCopyTest, FileThatIsTooLongLeavesNothing) {
   tree_.file("from/file", longContent());
-  rlimit before{};
-  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-  const rlimit small{1000, before.rlim_max};
-  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-  const int outcome = copy("file");
-  ::setrlimit(RLIMIT_FSIZE, &before);
-  std::signal(SIGXFSZ, handler);
-  EXPECT_EQ(outcome, -EFBIG);
-  EXPECT_THAT(targets(), IsEmpty());
+  {
+    const LimitedFileSize limit(1000);
+    EXPECT_EQ(copy("file"), -EFBIG);
+  }
+  EXPECT_THAT(tree_.names("to"), IsEmpty());
   EXPECT_TRUE(longContent() == tree_.content("from/file"));
 }
 
@@ -277,7 +265,7 @@ TEST_F(FileCopyTest, FileThatChangesMeanwhileIsNotCopied) {
   tree_.file("from/file", std::string(30'000'000, 'x'));
   const RestlessWriter writer(tree_.path("from/file"));
   EXPECT_EQ(copy("file"), -changedMeanwhile);
-  EXPECT_THAT(targets(), IsEmpty());
+  EXPECT_THAT(tree_.names("to"), IsEmpty());
 }
 
 TEST_F(FileCopyTest, FileThatIsWrittenOverMeanwhileIsNotCopied) {
@@ -332,7 +320,7 @@ TEST_F(FileCopyTest, FileThatGoesMeanwhileIsNotCopied) {
   tree_.file("from/file", "content");
   afterCopying([&] { std::filesystem::remove(tree_.path("from/file")); });
   EXPECT_EQ(copy("file"), -ENOENT);
-  EXPECT_THAT(targets(), IsEmpty());
+  EXPECT_THAT(tree_.names("to"), IsEmpty());
 }
 
 // What reaches the disk.
@@ -342,7 +330,7 @@ TEST_F(FileCopyTest, ContentIsOnTheDiskBeforeItHasItsName) {
   int syncs = 0;
   afterCopying([&] {
     ++syncs;
-    EXPECT_THAT(targets(), Not(Contains("copy")));
+    EXPECT_THAT(tree_.names("to"), Not(Contains("copy")));
   });
   EXPECT_EQ(copy("file"), 0);
   EXPECT_EQ(syncs, 1);
@@ -384,12 +372,12 @@ TEST_F(FileCopyTest, OtherDisksOnTheWayAreNotWaitedFor) {
 TEST_F(FileCopyTest, WayThatMayNotBeReadIsNoHindrance) {
   tree_.file("from/file", "content");
   tree_.directory("to/new");
-  ::chmod(tree_.path("to").c_str(), 0311);
+  tree_.setMode("to", 0311);
   const WithoutPrivileges ordinary(tree_);
   if (!ordinary.areInForce()) GTEST_SKIP() << "nothing is refused to this user";
   EXPECT_EQ(copy("file", "copy", "to/new"), 0);
   EXPECT_EQ(tree_.content("to/new/copy"), "content");
-  ::chmod(tree_.path("to").c_str(), 0755);
+  tree_.setMode("to", 0755);
 }
 
 TEST_F(FileCopyTest, CopyThatDoesNotReachTheDiskIsTakenBack) {
@@ -405,7 +393,7 @@ TEST_F(FileCopyTest, CopyThatDoesNotReachTheDiskIsTakenBack) {
     };
     EXPECT_EQ(copy("file"), -EIO);
     EXPECT_EQ(refusals, 1);
-    EXPECT_THAT(targets(), IsEmpty());
+    EXPECT_THAT(tree_.names("to"), IsEmpty());
     EXPECT_EQ(tree_.content("from/file"), "content");
   }
 }
@@ -437,7 +425,7 @@ TEST_F(FileCopyTest, CopyThatCannotBeNamedIsMadeWithAName) {
     return EXDEV;
   };
   EXPECT_EQ(copy("file"), 0);
-  EXPECT_THAT(targets(), ElementsAre("copy"));
+  EXPECT_THAT(tree_.names("to"), ElementsAre("copy"));
   EXPECT_TRUE(longContent() == tree_.content("to/copy"));
   if (refusals == 0) GTEST_SKIP() << "this file system has no files without names";
 }
@@ -451,7 +439,7 @@ TEST_F(FileCopyTest, NameThatIsTakenIsNotTriedAgain) {
   });
   EXPECT_EQ(copy("file"), -EEXIST);
   EXPECT_EQ(syncs, 1);
-  EXPECT_THAT(targets(), ElementsAre("copy"));
+  EXPECT_THAT(tree_.names("to"), ElementsAre("copy"));
   EXPECT_EQ(tree_.content("to/copy"), "another");
 }
 
@@ -460,7 +448,7 @@ TEST_F(FileCopyTest, FullDiskIsLeftAsItWas) {
   if (!small.isMounted()) GTEST_SKIP() << "this process may not mount a disk";
   tree_.file("from/file", longContent());
   EXPECT_EQ(copy("file"), -ENOSPC);
-  EXPECT_THAT(targets(), IsEmpty());
+  EXPECT_THAT(tree_.names("to"), IsEmpty());
   tree_.file("from/short", "x");
   EXPECT_EQ(copy("short"), 0);  // Nothing holds the room any more.
   EXPECT_EQ(tree_.content("to/copy"), "x");
@@ -472,7 +460,7 @@ TEST_F(FileCopyTest, DiskWithoutADirectoryEntryLeftIsLeftAsItWas) {
   tree_.file("to/only", "");
   tree_.file("from/file", "x");
   EXPECT_EQ(copy("file"), -ENOSPC);
-  EXPECT_THAT(targets(), ElementsAre("only"));
+  EXPECT_THAT(tree_.names("to"), ElementsAre("only"));
 }
 
 TEST_F(FileCopyTest, CopiesBetweenDisks) {

@@ -17,9 +17,7 @@ namespace {
 // far as the one in memory answers as it does.
 
 struct RealDisk {
-  void makeReadOnly(const std::string& relative) const {
-    ASSERT_EQ(::chmod(tree.path(relative).c_str(), 0444), 0);
-  }
+  void makeReadOnly(const std::string& relative) const { tree.setMode(relative, 0444); }
 
   TemporaryTree tree;
   LinuxFileSystem files{DriveTable()};
@@ -408,6 +406,8 @@ TYPED_TEST(FileSystemContractTest, ReadPastTheEndGivesWhatThereIs) {
   EXPECT_EQ(this->files_.read(file, bytes), 4U);
   EXPECT_EQ(bytes, "6789");
   EXPECT_FALSE(this->files_.atEnd(file));
+  EXPECT_EQ(this->files_.read(file, bytes), 0U);
+  EXPECT_TRUE(this->files_.atEnd(file));
 
   this->files_.seek(file, 1);
   EXPECT_FALSE(this->files_.atEnd(file));
@@ -420,12 +420,18 @@ TYPED_TEST(FileSystemContractTest, ReadPastTheEndGivesWhatThereIs) {
 
 TYPED_TEST(FileSystemContractTest, SequentialReadingIsAtTheEndWithTheLastByte) {
   this->makeFile("file", "12");
+  this->makeFile("empty");
   const FileNumber file = this->files_.open(this->at("file"), OpenMode::input);
-  std::string bytes(2, ' ');
-  EXPECT_FALSE(this->files_.atEnd(file));
-  this->files_.read(file, bytes);
+  char byte = ' ';
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_FALSE(this->files_.atEnd(file));
+    this->files_.read(file, {&byte, 1});
+  }
   EXPECT_TRUE(this->files_.atEnd(file));
   this->files_.close(file);
+  const FileNumber empty = this->files_.open(this->at("empty"), OpenMode::input);
+  EXPECT_TRUE(this->files_.atEnd(empty));
+  this->files_.close(empty);
 }
 
 TYPED_TEST(FileSystemContractTest, WritingBeyondTheEndFillsTheGap) {

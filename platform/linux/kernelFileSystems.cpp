@@ -21,7 +21,7 @@ constexpr std::uint32_t mqueueMagic = 0x19800202;
 constexpr std::uint32_t rpcPipefsMagic = 0x67596969;
 constexpr std::uint32_t nfsdMagic = 0x6e667364;
 
-// Not among them is tmpfs, which holds files of people, and autofs, which turns into whatever is
+// Not among them are tmpfs, which holds people's files, and autofs, which turns into whatever is
 // mounted on demand.
 constexpr auto kernelMagics = std::to_array<std::uint32_t>({
     PROC_SUPER_MAGIC, SYSFS_MAGIC,          CGROUP_SUPER_MAGIC, CGROUP2_SUPER_MAGIC,

@@ -82,7 +82,7 @@ TEST_F(Listing, GivesHiddenEntriesOnlyWhenTheMaskHoldsThem) {
 TEST_F(Listing, ShowsAMissingWritePermissionAsReadOnly) {
   tree_.file("fixed");
   tree_.file("free");
-  ::chmod(tree_.path("fixed").c_str(), 0466);
+  tree_.setMode("fixed", 0466);
   EXPECT_EQ(at("fixed")->attributes(), attributeArchive | attributeReadOnly);
   EXPECT_EQ(at("free")->attributes(), attributeArchive);
 }
@@ -234,11 +234,11 @@ TEST_F(Listing, ADirectoryThatMayNotBeReadFailsAndIsCountedOnce) {
   tree_.directory("closed");
   const WithoutPrivileges privileges(tree_);
   if (!privileges.areInForce()) GTEST_SKIP() << "root may read everything";
-  ::chmod(tree_.path("closed").c_str(), 0);
+  tree_.setMode("closed", 0);
   for (int i = 0; i < 2; ++i)
     EXPECT_FAILURE(pathFileAccess, files_.list(tree_.programPath("closed"), everything));
   EXPECT_EQ(files_.passedOver().unreadable, 1);
-  ::chmod(tree_.path("closed").c_str(), 0700);
+  tree_.setMode("closed", 0700);
 }
 
 TEST_F(Listing, EntriesOfADirectoryThatMayNotBeSearchedAreGivenOutAndFail) {
@@ -246,7 +246,7 @@ TEST_F(Listing, EntriesOfADirectoryThatMayNotBeSearchedAreGivenOutAndFail) {
   tree_.directory("listable/inner");
   const WithoutPrivileges privileges(tree_);
   if (!privileges.areInForce()) GTEST_SKIP() << "root may search everything";
-  ::chmod(tree_.path("listable").c_str(), 0400);
+  tree_.setMode("listable", 0400);
   const auto listing = files_.list(tree_.programPath("listable"), everything);
   int entries = 0;
   while (listing->next()) {
@@ -256,7 +256,7 @@ TEST_F(Listing, EntriesOfADirectoryThatMayNotBeSearchedAreGivenOutAndFail) {
   }
   EXPECT_EQ(entries, 2);
   EXPECT_EQ(files_.passedOver().unreadable, 2);
-  ::chmod(tree_.path("listable").c_str(), 0700);
+  tree_.setMode("listable", 0700);
 }
 
 TEST_F(Listing, ADirectoryReadThatBreaksIsADeviceError) {

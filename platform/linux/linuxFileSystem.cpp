@@ -10,6 +10,7 @@
 #include "platform/linux/exactPath.h"
 #include "platform/linux/exactRemoval.h"
 #include "platform/linux/fileCopy.h"
+#include "platform/linux/fileFacts.h"
 #include "platform/linux/linuxDirectoryListing.h"
 #include "platform/linux/pathLookup.h"
 #include "platform/linux/renaming.h"
@@ -130,11 +131,11 @@ std::string_view behindRoot(std::string_view path, std::string_view root) {
   return path;
 }
 
-bool isSameEntry(const Place& left, const Place& right) {
+bool isSamePlace(const Place& left, const Place& right) {
   struct stat l;
   struct stat r;
   return left.name == right.name && ::fstat(left.directory.get(), &l) == 0 &&
-         ::fstat(right.directory.get(), &r) == 0 && l.st_dev == r.st_dev && l.st_ino == r.st_ino;
+         ::fstat(right.directory.get(), &r) == 0 && isSameEntry(l, r);
 }
 
 }  // namespace
@@ -312,7 +313,7 @@ bool LinuxFileSystem::isSameFile(std::string_view path, std::string_view other) 
   const auto left = factsIfThere(path);
   if (!left || left->st_nlink != 1) return false;
   const auto right = factsIfThere(other);
-  return right && left->st_dev == right->st_dev && left->st_ino == right->st_ino;
+  return right && isSameEntry(*left, *right);
 }
 
 void LinuxFileSystem::rename(std::string_view from, std::string_view to) {
@@ -322,7 +323,7 @@ void LinuxFileSystem::rename(std::string_view from, std::string_view to) {
   const Place target = locate(targetPath);
   // A name that differs in letter case only is taken too, for a later look-up would find either.
   // Unless it is the file's own: then its case is to change.
-  if (target.exact || (target.exists && !isSameEntry(source, target)))
+  if (target.exact || (target.exists && !isSamePlace(source, target)))
     fail(FailureNumber::fileAlreadyExists);
   if (!target.exists && target.error != ENOENT) failWith(target.error, Subject::file);
   const std::string newName(lastComponent(targetPath));

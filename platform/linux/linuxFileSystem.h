@@ -35,7 +35,7 @@ class LinuxFileSystem final : public FileSystem {
   std::string nameOnDisk(std::string_view path) override;
   SeenFile lookWalked(std::string_view path, std::string_view root) override;
   void removeWalked(const WalkedFile& file) override;
-  void removeSeen(std::string_view path, std::string_view root, const SeenFile& seen) override;
+  void removeSeen(std::string_view path, std::string_view root, const SeenFile& before) override;
   WalkedCopy copyWalked(std::string_view path, std::string_view root, std::string_view to) override;
   bool isSameFile(std::string_view path, std::string_view other) override;
   void rename(std::string_view from, std::string_view to) override;

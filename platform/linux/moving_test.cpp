@@ -1,7 +1,6 @@
 // Moving files between two directories of a real disk: one whole copy of a file must be there
 // whatever happens.
 
-#include <algorithm>
 #include <sys/stat.h>
 
 #include "catalogue/dirTable.h"
@@ -26,23 +25,10 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// Runs `onQuestion` while the person looks at a question, and says yes to all.
-class PatientPerson : public ScriptedDialogs {
- public:
-  std::function<void()> onQuestion;
-  Answer messageBox(std::string_view text, Buttons shown, std::string_view title,
-                    Icon icon) override {
-    if (shown == Buttons::yesNoCancel && onQuestion) onQuestion();
-    ScriptedDialogs::messageBox(text, shown, title, icon);
-    return shown == Buttons::ok ? Answer::ok : Answer::yes;
-  }
-};
-
 class MovingOnDisk : public EngineTest {
  protected:
   MovingOnDisk() {
     platform.files = &files_;
-    platform.dialogs = &person_;
     usePlatform(platform);
     tree_.directory("left");
     tree_.directory("right");
@@ -92,23 +78,15 @@ class MovingOnDisk : public EngineTest {
   }
   // The file is where it was, and the directory on the right has what it had.
   void expectStayed(const std::string& from, const std::string& content, const std::string& message,
-                    const std::vector<std::string>& onTheRight = {}) {
+                    const std::set<std::string>& onTheRight = {}) {
     EXPECT_TRUE(content == tree_.content(from));
     EXPECT_THAT(failures(), ElementsAre(message));
-    EXPECT_EQ(names(right_), onTheRight);
+    EXPECT_EQ(tree_.exists(right_) ? tree_.names(right_) : std::set<std::string>(), onTheRight);
   }
   std::vector<std::string> failures() const {
     std::vector<std::string> found;
-    for (std::size_t i = 0; i < person_.messages.size(); ++i)
-      if (person_.buttons[i] == Buttons::ok) found.push_back(person_.messages[i]);
-    return found;
-  }
-  std::vector<std::string> names(const std::string& directory) const {
-    std::vector<std::string> found;
-    if (!tree_.exists(directory)) return found;
-    for (const auto& entry : std::filesystem::directory_iterator(tree_.path(directory)))
-      found.push_back(entry.path().filename());
-    std::sort(found.begin(), found.end());
+    for (std::size_t i = 0; i < dialogBoxes.messages.size(); ++i)
+      if (dialogBoxes.buttons[i] == Buttons::ok) found.push_back(dialogBoxes.messages[i]);
     return found;
   }
   static std::string failed(const std::string& name, const std::string& reason) {
@@ -117,7 +95,6 @@ class MovingOnDisk : public EngineTest {
 
   TemporaryTree tree_;
   LinuxFileSystem files_{DriveTable()};
-  PatientPerson person_;
   ScriptedDirMatchControls form_;
   std::string left_ = "left";
   std::string right_ = "right";
@@ -125,7 +102,7 @@ class MovingOnDisk : public EngineTest {
 
 TEST_F(MovingOnDisk, FileMovesWithItsDateAndPermissions) {
   tree_.file("left/song", "music");
-  ::chmod(tree_.path("left/song").c_str(), 0640);
+  tree_.setMode("left/song", 0640);
   const auto date =
       std::filesystem::last_write_time(tree_.path("left/song")) - std::chrono::hours(1000);
   std::filesystem::last_write_time(tree_.path("left/song"), date);
@@ -139,7 +116,7 @@ TEST_F(MovingOnDisk, FileMovesWithItsDateAndPermissions) {
 
 TEST_F(MovingOnDisk, ReadOnlyFileMoves) {
   tree_.file("left/song", "music");
-  ::chmod(tree_.path("left/song").c_str(), 0444);
+  tree_.setMode("left/song", 0444);
   move("song");
   expectMoved("left/song", "right/song", "music");
 }
@@ -155,7 +132,7 @@ TEST_F(MovingOnDisk, SubDirectoryOfAnotherCaseIsUsed) {
   tree_.directory("right/SUB");
   EXPECT_EQ(move("song", "sub"), at("right/SUB"));
   expectMoved("left/sub/song", "right/SUB/song", "music");
-  EXPECT_THAT(names("right"), ElementsAre("SUB"));
+  EXPECT_THAT(tree_.names("right"), ElementsAre("SUB"));
 }
 
 TEST_F(MovingOnDisk, NewSubDirectoryLiesBelowThatOfAnotherCase) {
@@ -170,7 +147,7 @@ TEST_F(MovingOnDisk, SubDirectoryOfTheVeryNameIsPreferred) {
   tree_.file("left/sub/song", "music");
   tree_.directory("right/SUB");
   tree_.directory("right/sub");
-  person_.onQuestion = [this] { rowOf(at("right/SUB"), DirMatchDir2); };
+  dialogBoxes.onBox = [this] { rowOf(at("right/SUB"), DirMatchDir2); };
   EXPECT_EQ(move("song", "sub"), at("right/sub"));
   expectMoved("left/sub/song", "right/sub/song", "music");
 }
@@ -203,14 +180,14 @@ TEST_F(MovingOnDisk, FullDiskLeavesTheFile) {
 
 TEST_F(MovingOnDisk, DirectoryThatVanishesMeanwhileLeavesTheFile) {
   tree_.file("left/song", "music");
-  person_.onQuestion = [this] { std::filesystem::remove(tree_.path("right")); };
+  dialogBoxes.onBox = [this] { std::filesystem::remove(tree_.path("right")); };
   EXPECT_EQ(move("song"), at("left"));
   expectStayed("left/song", "music", failed("song", "Path not found"));
 }
 
 TEST_F(MovingOnDisk, SubDirectoryOfADirectoryThatVanishesLeavesTheFile) {
   tree_.file("left/sub/song", "music");
-  person_.onQuestion = [this] { std::filesystem::remove(tree_.path("right")); };
+  dialogBoxes.onBox = [this] { std::filesystem::remove(tree_.path("right")); };
   EXPECT_EQ(move("song", "sub"), at("left/sub"));
   EXPECT_EQ(tree_.content("left/sub/song"), "music");
   EXPECT_FALSE(tree_.exists("right"));
@@ -218,7 +195,7 @@ TEST_F(MovingOnDisk, SubDirectoryOfADirectoryThatVanishesLeavesTheFile) {
 
 TEST_F(MovingOnDisk, TargetThatAppearsMeanwhileIsNotReplaced) {
   tree_.file("left/song", "music");
-  person_.onQuestion = [this] { tree_.file("right/song", "another"); };
+  dialogBoxes.onBox = [this] { tree_.file("right/song", "another"); };
   move("song");
   expectStayed("left/song", "music", "Destination file already exists. Move failed", {"song"});
   EXPECT_EQ(tree_.content("right/song"), "another");
@@ -239,13 +216,13 @@ TEST_F(MovingOnDisk, WhatIsNoFileIsNotReplacedEither) {
   tree_.link("right/dangling", tree_.path("right/nowhere"));
   tree_.fifo("right/fifo");
   for (const char* name : {"directory", "dangling", "fifo"}) {
-    person_.messages.clear();
-    person_.buttons.clear();
+    dialogBoxes.messages.clear();
+    dialogBoxes.buttons.clear();
     move(name);
     EXPECT_THAT(failures(), ElementsAre(failed(name, "File already exists")));
     EXPECT_TRUE(tree_.exists(std::string("left/") + name));
   }
-  EXPECT_THAT(names("right"), ElementsAre("dangling", "directory", "fifo"));
+  EXPECT_THAT(tree_.names("right"), ElementsAre("dangling", "directory", "fifo"));
 }
 
 TEST_F(MovingOnDisk, DirectoryOnBothSidesLeavesTheFile) {
@@ -303,19 +280,19 @@ TEST_F(MovingOnDisk, FileOfAnotherCaseIsNotMovedInstead) {
 
 TEST_F(MovingOnDisk, OriginalThatMayNotGoTakesTheCopyBack) {
   tree_.file("left/song", "music");
-  ::chmod(tree_.path("left/song").c_str(), 0444);
-  ::chmod(tree_.path("left").c_str(), 0555);
+  tree_.setMode("left/song", 0444);
+  tree_.setMode("left", 0555);
   const WithoutPrivileges ordinary(tree_);
   if (!ordinary.areInForce()) GTEST_SKIP() << "nothing is refused to this user";
   EXPECT_EQ(move("song"), at("left"));
   expectStayed("left/song", "music",
                "Unable to delete original file. Move aborted!. Reason: Permission denied");
-  ::chmod(tree_.path("left").c_str(), 0755);
+  tree_.setMode("left", 0755);
 }
 
 TEST_F(MovingOnDisk, DirectoryThatMayNotBeWrittenLeavesTheFile) {
   tree_.file("left/song", "music");
-  ::chmod(tree_.path("right").c_str(), 0555);
+  tree_.setMode("right", 0555);
   const WithoutPrivileges ordinary(tree_);
   if (!ordinary.areInForce()) GTEST_SKIP() << "nothing is refused to this user";
   move("song");
@@ -328,7 +305,7 @@ TEST_F(MovingOnDisk, MovedFileCanBeDeleted) {
   tree_.file("left/song", "music");
   move("song");
   cmdDelete_Click(form_, dirMatchSide::right);
-  EXPECT_THAT(names("right"), IsEmpty());
+  EXPECT_THAT(tree_.names("right"), IsEmpty());
   EXPECT_THAT(failures(), IsEmpty());
 }
 

@@ -58,7 +58,8 @@ OpenFiles::OpenFile& OpenFiles::at(FileNumber file) {
 
 std::size_t OpenFiles::read(FileNumber number, std::span<char> into) {
   OpenFile& file = at(number);
-  // The system calls so far a position an error, but it is merely past every file's end.
+  // The system calls so far-off a position an error, but it is merely past the end of
+  // every file.
   const auto most = static_cast<std::int64_t>(std::max(into.size(), windowSize));
   if (file.position > std::numeric_limits<std::int64_t>::max() - most) {
     file.hasPassedEnd = true;

@@ -1,6 +1,5 @@
 #include "platform/linux/openFiles.h"
 
-#include <csignal>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <limits>
@@ -8,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/linux/limitedFileSize.h"
 #include "platform/linux/linuxFileSystem.h"
 #include "platform/linux/temporaryTree.h"
 #include "platform/linux/withoutPrivileges.h"
@@ -96,36 +96,6 @@ TEST_F(OpenedFiles, ReadingPastTheEndGivesNothingAndIsNoFailure) {
   }
 }
 
-TEST_F(OpenedFiles, SeekingBelowZeroFails) {
-  tree_.file("a");
-  const FileNumber file = open("a", OpenMode::sharedBinary);
-  EXPECT_FAILURE(invalidProcedureCall, files_.seek(file, -1));
-}
-
-TEST_F(OpenedFiles, BinaryFilesAreAtTheirEndOnceAReadHasTriedToPassIt) {
-  tree_.file("a", "abc");
-  const FileNumber file = open("a", OpenMode::binary);
-  EXPECT_FALSE(files_.atEnd(file));
-  read(file, 3);
-  EXPECT_FALSE(files_.atEnd(file));
-  read(file, 1);
-  EXPECT_TRUE(files_.atEnd(file));
-  files_.seek(file, 0);
-  EXPECT_FALSE(files_.atEnd(file));
-}
-
-TEST_F(OpenedFiles, InputFilesAreAtTheirEndWithTheLastByteRead) {
-  tree_.file("a", "abc");
-  tree_.file("empty");
-  const FileNumber file = open("a", OpenMode::input);
-  EXPECT_FALSE(files_.atEnd(file));
-  read(file, 2);
-  EXPECT_FALSE(files_.atEnd(file));
-  read(file, 1);
-  EXPECT_TRUE(files_.atEnd(file));
-  EXPECT_TRUE(files_.atEnd(open("empty", OpenMode::input)));
-}
-
 TEST_F(OpenedFiles, AFileThatGrowsIsReadOn) {
   tree_.file("a", "abc");
   const FileNumber file = open("a", OpenMode::input);
@@ -182,23 +152,10 @@ TEST_F(OpenedFiles, WritingMovesThePositionOn) {
   EXPECT_EQ(tree_.content("new"), "abXdef");
 }
 
-TEST_F(OpenedFiles, WritingToAFileOpenedForReadingFails) {
-  tree_.file("a", "abc");
-  EXPECT_FAILURE(pathFileAccess, files_.write(open("a", OpenMode::sharedBinary), "x"));
-  EXPECT_FAILURE(pathFileAccess, files_.write(open("a", OpenMode::input), "x"));
-}
-
 TEST_F(OpenedFiles, WritingWithoutRoomIsADiskFull) {
-  rlimit before{};
-  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
   const FileNumber file = open("a", OpenMode::output);
-  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-  const rlimit small{4, before.rlim_max};
-  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-  const auto failure = failureOf([&] { files_.write(file, "12345678"); });
-  ::setrlimit(RLIMIT_FSIZE, &before);
-  std::signal(SIGXFSZ, handler);
-  EXPECT_EQ(failure, FailureNumber::diskFull);
+  const LimitedFileSize limit(4);
+  EXPECT_FAILURE(diskFull, files_.write(file, "12345678"));
 }
 
 TEST_F(OpenedFiles, OnlyOutputAndBinaryMakeAMissingFile) {
@@ -248,19 +205,11 @@ TEST_F(OpenedFiles, AFifoNeverHangs) {
     EXPECT_FAILURE(pathFileAccess, open("fifo", mode));
 }
 
-TEST_F(OpenedFiles, ADirectoryIsNoFile) {
-  tree_.directory("d");
-  for (const OpenMode mode :
-       {OpenMode::input, OpenMode::output, OpenMode::binary, OpenMode::update})
-    EXPECT_FAILURE(pathFileAccess, open("d", mode));
-  EXPECT_FAILURE(pathFileAccess, read(open("d", OpenMode::sharedBinary), 1));
-}
-
 TEST_F(OpenedFiles, ARefusedFileFailsAndIsCountedOnce) {
   tree_.file("closed");
   const WithoutPrivileges privileges(tree_);
   if (!privileges.areInForce()) GTEST_SKIP() << "root may read everything";
-  ::chmod(tree_.path("closed").c_str(), 0);
+  tree_.setMode("closed", 0);
   EXPECT_FAILURE(permissionDenied, open("closed", OpenMode::sharedBinary));
   EXPECT_FAILURE(permissionDenied, open("closed", OpenMode::sharedBinary));
   EXPECT_EQ(files_.passedOver().unreadable, 1);

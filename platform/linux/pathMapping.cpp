@@ -1,8 +1,9 @@
 #include "platform/linux/pathMapping.h"
 
-#include <cstdlib>
+#include <algorithm>
 
 #include "platform/failure.h"
+#include "platform/linux/process.h"
 
 namespace quernstoke {
 
@@ -155,8 +156,7 @@ DriveTable DriveTable::parse(std::string_view drives) {
 }
 
 DriveTable DriveTable::fromEnvironment() {
-  const char* const drives = std::getenv("QUERNSTOKE_DRIVES");
-  return parse(drives == nullptr ? "" : drives);
+  return parse(environmentVariable("QUERNSTOKE_DRIVES").value_or(""));
 }
 
 void DriveTable::add(std::string_view entry) {

@@ -46,9 +46,9 @@ TEST_P(RenamingTest, NeverReplaces) {
 TEST_P(RenamingTest, LeavesEverythingWhenTheOldNameMayNotGo) {
   const WithoutPrivileges privileges(tree_);
   if (!privileges.areInForce()) GTEST_SKIP() << "root may do everything";
-  ::chmod(tree_.path("from").c_str(), 0500);
+  tree_.setMode("from", 0500);
   EXPECT_EQ(rename("new"), EACCES);
-  ::chmod(tree_.path("from").c_str(), 0700);
+  tree_.setMode("from", 0700);
   EXPECT_EQ(tree_.content("from/old"), "old");
   EXPECT_FALSE(tree_.exists("to/new"));
 }

@@ -8,8 +8,8 @@
 
 namespace quernstoke {
 
-// A disk of a few bytes, mounted on a directory for as long as it lives, where the system lets this
-// process do so. No other process sees it.
+// A disk as small as its options say, mounted on a directory for as long as it lives, where the
+// system lets this process do so. No other process sees it.
 class SmallDisk {
  public:
   SmallDisk(const std::string& directory, const std::string& type, const std::string& options)

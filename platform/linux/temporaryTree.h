@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -54,6 +55,9 @@ class TemporaryTree {
     makeParent(relative);
     if (::mkfifo(path(relative).c_str(), 0600) != 0) throw std::runtime_error("no FIFO");
   }
+  void setMode(std::string_view relative, mode_t mode) const {
+    if (::chmod(path(relative).c_str(), mode) != 0) throw std::runtime_error("no such mode");
+  }
 
   // Until the clock of the file system has moved on since the file was changed.
   void waitForTheNextTick(std::string_view relative) const {
@@ -67,6 +71,12 @@ class TemporaryTree {
 
   bool exists(std::string_view relative) const {
     return std::filesystem::exists(std::filesystem::symlink_status(path(relative)));
+  }
+  std::set<std::string> names(std::string_view relative = {}) const {
+    std::set<std::string> found;
+    for (const auto& entry : std::filesystem::directory_iterator(path(relative)))
+      found.insert(entry.path().filename());
+    return found;
   }
   std::string content(std::string_view relative) const {
     std::ifstream stream(path(relative), std::ios::binary);

@@ -4,7 +4,6 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <set>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -25,12 +24,6 @@ class UnfinishedFileTest : public testing::TestWithParam<Maker> {
   void write(const UnfinishedFile& file) const {
     ASSERT_EQ(::write(file.descriptor(), "content", 7), 7);
   }
-  std::set<std::string> names() const {
-    std::set<std::string> found;
-    for (const auto& entry : std::filesystem::directory_iterator(tree_.root()))
-      found.insert(entry.path().filename());
-    return found;
-  }
 
   TemporaryTree tree_;
   Descriptor directory_{::open(tree_.root().c_str(), O_PATH | O_DIRECTORY)};
@@ -41,7 +34,7 @@ TEST_P(UnfinishedFileTest, HasItsNameOnlyWhenItIsPublished) {
   write(file);
   EXPECT_FALSE(tree_.exists("name"));
   EXPECT_EQ(file.publish("name"), 0);
-  EXPECT_THAT(names(), ElementsAre("name"));
+  EXPECT_THAT(tree_.names(), ElementsAre("name"));
   EXPECT_EQ(tree_.content("name"), "content");
 }
 
@@ -50,12 +43,12 @@ TEST_P(UnfinishedFileTest, StaysWhenItIsPublished) {
     UnfinishedFile file = make();
     ASSERT_EQ(file.publish("name"), 0);
   }
-  EXPECT_THAT(names(), ElementsAre("name"));
+  EXPECT_THAT(tree_.names(), ElementsAre("name"));
 }
 
 TEST_P(UnfinishedFileTest, LeavesNothingUnlessItIsPublished) {
   { write(make()); }
-  EXPECT_THAT(names(), IsEmpty());
+  EXPECT_THAT(tree_.names(), IsEmpty());
 }
 
 TEST_P(UnfinishedFileTest, NeverReplaces) {
@@ -67,7 +60,7 @@ TEST_P(UnfinishedFileTest, NeverReplaces) {
     EXPECT_EQ(file.publish("taken"), -EEXIST);
     EXPECT_EQ(file.publish("dangling"), -EEXIST);
   }
-  EXPECT_THAT(names(), ElementsAre("dangling", "taken"));
+  EXPECT_THAT(tree_.names(), ElementsAre("dangling", "taken"));
   EXPECT_EQ(tree_.content("taken"), "old");
 }
 
@@ -83,7 +76,7 @@ TEST_P(UnfinishedFileTest, SeveralKeepOutOfEachOthersWay) {
   UnfinishedFile second = make();
   EXPECT_EQ(first.publish("first"), 0);
   EXPECT_EQ(second.publish("second"), 0);
-  EXPECT_THAT(names(), SizeIs(2));
+  EXPECT_THAT(tree_.names(), SizeIs(2));
 }
 
 TEST_P(UnfinishedFileTest, TellsWhyItCannotBeMade) {

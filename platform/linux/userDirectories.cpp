@@ -1,18 +1,14 @@
 #include "platform/linux/userDirectories.h"
 
-#include <cstdlib>
 #include <fstream>
 #include <string_view>
 #include <sys/stat.h>
 
+#include "platform/linux/process.h"
+
 namespace quernstoke {
 
 namespace {
-
-std::string environmentText(const char* name) {
-  const char* const text = std::getenv(name);
-  return text == nullptr ? "" : text;
-}
 
 bool isDirectory(const std::string& path) {
   struct stat facts;
@@ -40,7 +36,7 @@ std::string withHome(const std::string& value, const std::string& home) {
 
 std::string chosenDocuments(const std::string& home) {
   constexpr std::string_view key = "XDG_DOCUMENTS_DIR=";
-  std::string config = environmentText("XDG_CONFIG_HOME");
+  std::string config = environmentVariable("XDG_CONFIG_HOME").value_or("");
   if (!config.starts_with('/')) config = home + "/.config";
   std::ifstream file(config + "/user-dirs.dirs");
   std::string chosen;
@@ -53,7 +49,7 @@ std::string chosenDocuments(const std::string& home) {
 }  // namespace
 
 std::optional<std::string> documentsDirectory() {
-  const std::string home = environmentText("HOME");
+  const std::string home = environmentVariable("HOME").value_or("");
   if (!home.starts_with('/')) return std::nullopt;
   for (const std::string& candidate : {chosenDocuments(home), home + "/Documents"})
     if (isDirectory(candidate)) return candidate;

@@ -1,13 +1,11 @@
 #include "platform/linux/zipArchives.h"
 
 #include <array>
-#include <cerrno>
 #include <ctime>
 #include <fcntl.h>
 #include <limits.h>
 #include <limits>
 #include <sys/stat.h>
-#include <unistd.h>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -15,9 +13,10 @@
 
 #include "platform/failure.h"
 #include "platform/linux/descriptor.h"
+#include "platform/linux/extractedFile.h"
+#include "platform/linux/localTime.h"
 #include "platform/linux/pathLookup.h"
 #include "platform/linux/systemCall.h"
-#include "platform/linux/writeAll.h"
 #include "platform/linux/zipSource.h"
 #include "platform/utf8.h"
 
@@ -65,29 +64,22 @@ Descriptor openForReading(const std::string& path, int flags = 0) {
   }));
 }
 
-CivilTime civilMinutes(std::time_t time) {
-  std::tm local{};
-  ::localtime_r(&time, &local);
-  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, 0};
+CivilTime civilMinutes(std::time_t time, LocalTime& localTime) {
+  CivilTime civil = civilTime(localTime.at(time));
+  civil.second = 0;
+  return civil;
 }
 
-ArchiveEntry describe(std::string_view name, const zip_stat_t& facts) {
+ArchiveEntry describe(std::string_view name, const zip_stat_t& facts, LocalTime& localTime) {
   ArchiveEntry entry;
   entry.name = name;
   if ((facts.valid & ZIP_STAT_SIZE) != 0) entry.size = facts.size;
   if ((facts.valid & ZIP_STAT_COMP_SIZE) != 0) entry.compressedSize = facts.comp_size;
-  if ((facts.valid & ZIP_STAT_MTIME) != 0) entry.date = civilMinutes(facts.mtime);
+  if ((facts.valid & ZIP_STAT_MTIME) != 0) entry.date = civilMinutes(facts.mtime, localTime);
   if ((facts.valid & ZIP_STAT_CRC) != 0) entry.crc = facts.crc;
   entry.encrypted =
       (facts.valid & ZIP_STAT_ENCRYPTION_METHOD) != 0 && facts.encryption_method != ZIP_EM_NONE;
   return entry;
-}
-
-std::string_view firstCharacters(std::string_view text, std::size_t count) {
-  std::size_t end = 0;
-  for (; count > 0 && end < text.size(); --count)
-    end += characterAt(text, end).length;
-  return text.substr(0, end);
 }
 
 // What is left of a name in the catalogue, which keeps folder and bare name apart, so that one
@@ -105,54 +97,7 @@ std::string bareLinuxName(std::string_view name) {
   return isFileName ? bare : std::string();
 }
 
-// A new file in a directory, under a name of its own until it is whole, so that nothing
-// half-written is ever found under the name that it is meant for. What is left of it when the
-// program is killed goes with the temp files, whose names begin alike, when the next scan starts.
-class NewFile {
- public:
-  explicit NewFile(const Descriptor& directory)
-      : directory_(directory.get()), workingName_("TMP-extracting-" + std::to_string(::getpid())) {
-    ::unlinkat(directory_, workingName_.c_str(), 0);  // Of a process that had our number.
-    constexpr mode_t permissions = 0600;
-    file_.reset(outcomeOf([&] {
-      return ::openat(directory_, workingName_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
-                      permissions);
-    }));
-    isOurs_ = file_.isOpen();
-  }
-  ~NewFile() {
-    if (isOurs_) ::unlinkat(directory_, workingName_.c_str(), 0);
-  }
-  NewFile(const NewFile&) = delete;
-  NewFile& operator=(const NewFile&) = delete;
-
-  bool isOpen() const { return file_.isOpen(); }
-
-  bool write(std::span<const char> bytes) {
-    return writeAll(file_.get(), bytes.data(), bytes.size()) == 0;
-  }
-
-  // Closes the file and gives it its name, in the place of another file. Links and the like stay.
-  bool keepAs(const std::string& name) {
-    // Some file systems report only now that what was written had no room.
-    if (::close(file_.release()) != 0 && errno != EINTR) return false;
-    struct stat facts;
-    if (::fstatat(directory_, name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) == 0 &&
-        !S_ISREG(facts.st_mode))
-      return false;
-    if (::renameat(directory_, workingName_.c_str(), directory_, name.c_str()) != 0) return false;
-    isOurs_ = false;
-    return true;
-  }
-
- private:
-  int directory_;
-  std::string workingName_;
-  Descriptor file_;
-  bool isOurs_ = false;
-};
-
-int copyEntry(zip_file_t* entry, zip_uint64_t size, NewFile& file, const std::string& name,
+int copyEntry(zip_file_t* entry, zip_uint64_t size, ExtractedFile& file, const std::string& name,
               ArchiveCallbacks& callbacks) {
   constexpr std::size_t bufferSize = std::size_t{256} * 1024;
   std::vector<char> buffer(bufferSize);
@@ -201,7 +146,7 @@ int writeEntry(zip_file_t* entry, zip_uint64_t size, const std::string& name,
   };
   const Descriptor place = openForReading(directory, O_DIRECTORY);
   if (!place.isOpen()) return cannotCreate();
-  NewFile file(place);
+  ExtractedFile file(place);
   if (!file.isOpen()) return cannotCreate();
   const int result = copyEntry(entry, size, file, name, callbacks);
   if (result != archiveOk) return result;
@@ -223,11 +168,12 @@ class ZipArchives::OpenArchive {
   Descriptor& file() { return source_.file; }
 
   void list(ArchiveCallbacks& callbacks) const {
+    LocalTime localTime;
     for (zip_uint64_t index = 0; index < count(); ++index) {
       zip_stat_t facts;
       if (zip_stat_index(archive_.get(), index, 0, &facts) != 0) continue;
       const std::string name = entryName(index);
-      callbacks.message(describe(name, facts));
+      callbacks.message(describe(name, facts, localTime));
     }
   }
 

@@ -3,10 +3,10 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
-#include <sys/resource.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "platform/linux/handMadeArchive.h"
+#include "platform/linux/limitedFileSize.h"
 #include "platform/linux/packArchive.h"
 #include "platform/linux/temporaryTree.h"
 #include "platform/wildcards.h"
@@ -85,12 +86,6 @@ class ZipArchivesTest : public testing::Test {
     options.lpszZipFN = tree.programPath("a.zip");
     options.lpszExtractDir = tree.programPath(into);
     return archives.singleEntryUnzip({&entry, 1}, options, answers);
-  }
-  std::vector<std::string> namesIn(const std::string& directory) const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(tree.path(directory)))
-      names.push_back(entry.path().filename());
-    return names;
   }
   // What the process has open in the tree.
   std::vector<std::string> openFiles() const {
@@ -176,7 +171,7 @@ TEST_F(ZipArchivesTest, EntryWithoutANameIsListedAndNotExtracted) {
   EXPECT_EQ(answers.entries[0].size, 2U);
   EXPECT_EQ(extract(""), archiveNoMatchingEntry);
   EXPECT_THAT(answers.said, HasSubstr("no file can have this name"));
-  EXPECT_THAT(namesIn("out"), IsEmpty());
+  EXPECT_THAT(tree.names("out"), IsEmpty());
 }
 
 // Else a medium could not be taken out after a scan.
@@ -245,8 +240,8 @@ class DamagedArchiveTest : public ZipArchivesTest {
           EXPECT_EQ(tree.content("out/a.txt"), "12345678");
           std::filesystem::remove(tree.path("out/a.txt"));
         }
-        EXPECT_THAT(namesIn("out"), IsEmpty());
-        EXPECT_THAT(namesIn("."), UnorderedElementsAre("a.zip", "out"));
+        EXPECT_THAT(tree.names("out"), IsEmpty());
+        EXPECT_THAT(tree.names(), UnorderedElementsAre("a.zip", "out"));
         EXPECT_EQ(tree.content("a.zip"), damaged);
       }
     EXPECT_GT(extractions, 0);
@@ -287,7 +282,7 @@ TEST_F(ZipArchivesTest, EntryIsWrittenUnderItsBareName) {
   packed({{"docs/old/a.txt", "old"}, {"a.txt", "new"}});
   EXPECT_EQ(extract("docs/old/a.txt"), archiveOk);
   EXPECT_EQ(tree.content("out/a.txt"), "old");
-  EXPECT_THAT(namesIn("out"), ElementsAre("a.txt"));
+  EXPECT_THAT(tree.names("out"), ElementsAre("a.txt"));
 }
 
 TEST_F(ZipArchivesTest, FileOfThatNameIsOverwritten) {
@@ -315,7 +310,7 @@ TEST_F(ZipArchivesTest, EntryThatIsNotThereIsNotMatched) {
   packed({{"a.txt", "1"}});
   EXPECT_EQ(extract("b.txt"), archiveNoMatchingEntry);
   EXPECT_EQ(answers.said, "caution: filename not matched:  b.txt\n");
-  EXPECT_THAT(namesIn("out"), IsEmpty());
+  EXPECT_THAT(tree.names("out"), IsEmpty());
 }
 
 TEST_F(ZipArchivesTest, EncryptedEntryNeedsItsPassword) {
@@ -325,7 +320,7 @@ TEST_F(ZipArchivesTest, EncryptedEntryNeedsItsPassword) {
   EXPECT_EQ(extract("secret"), archiveBadPassword);
   EXPECT_EQ(answers.said,
             "   skipping: secret  incorrect password\n   skipping: secret  incorrect password\n");
-  EXPECT_THAT(namesIn("out"), IsEmpty());
+  EXPECT_THAT(tree.names("out"), IsEmpty());
   answers.passwordToGive = archivePassword;
   EXPECT_EQ(extract("secret"), archiveOk);
   EXPECT_EQ(tree.content("out/secret"), "12345");
@@ -340,7 +335,7 @@ TEST_F(ZipArchivesTest, NoPasswordOpensAnEntryOfUnknownEncryption) {
   tree.file("a.zip", bytes);
   answers.passwordToGive = archivePassword;
   EXPECT_EQ(extract("a.txt"), archiveBadPassword);
-  EXPECT_THAT(namesIn("out"), IsEmpty());
+  EXPECT_THAT(tree.names("out"), IsEmpty());
 }
 
 TEST_F(ZipArchivesTest, ArchiveThatHasChangedIsReadAnew) {
@@ -369,8 +364,8 @@ TEST_F(ZipArchivesTest, NameThatLeadsElsewhereLandsInTheDirectoryAllTheSame) {
   extract("../b");
   extract("x/../../c");
   extract(windowsName("..\\d"));
-  EXPECT_THAT(namesIn("out"), UnorderedElementsAre("a", "b", "c", "..\\d"));
-  EXPECT_THAT(namesIn("."), UnorderedElementsAre("a.zip", "out"));
+  EXPECT_THAT(tree.names("out"), UnorderedElementsAre("a", "b", "c", "..\\d"));
+  EXPECT_THAT(tree.names(), UnorderedElementsAre("a.zip", "out"));
 }
 
 TEST_F(ZipArchivesTest, NameWithADriveLandsInTheDirectoryAllTheSame) {
@@ -378,10 +373,10 @@ TEST_F(ZipArchivesTest, NameWithADriveLandsInTheDirectoryAllTheSame) {
   list();
   for (const std::string& name : answers.names)
     EXPECT_EQ(extract(name), archiveOk) << name;
-  EXPECT_THAT(namesIn("out"), UnorderedElementsAre("C:\\a.txt", "b.txt", "C:c.txt"));
+  EXPECT_THAT(tree.names("out"), UnorderedElementsAre("C:\\a.txt", "b.txt", "C:c.txt"));
   EXPECT_EQ(tree.content("out/C:\\a.txt"), "1");
   EXPECT_EQ(tree.content("out/b.txt"), "2");
-  EXPECT_THAT(namesIn("."), UnorderedElementsAre("a.zip", "out"));
+  EXPECT_THAT(tree.names(), UnorderedElementsAre("a.zip", "out"));
 }
 
 TEST_F(ZipArchivesTest, NameThatNoFileCanHaveIsSkipped) {
@@ -391,7 +386,7 @@ TEST_F(ZipArchivesTest, NameThatNoFileCanHaveIsSkipped) {
     EXPECT_EQ(extract(name), archiveNoMatchingEntry) << name;
   EXPECT_NE(extract("folder/"), archiveOk);
   EXPECT_NE(extract(""), archiveOk);
-  EXPECT_THAT(namesIn("out"), IsEmpty());
+  EXPECT_THAT(tree.names("out"), IsEmpty());
 }
 
 TEST_F(ZipArchivesTest, LinkOfThatNameStaysAndIsNotFollowed) {
@@ -410,7 +405,7 @@ TEST_F(ZipArchivesTest, LinkOfThatNameStaysAndIsNotFollowed) {
 TEST_F(ZipArchivesTest, EntryOfTwoGibibytesAndMoreIsNotExtracted) {
   byHand({{"a.txt", "1", 0x80000000U}});
   EXPECT_EQ(extract("a.txt"), archiveNoMatchingEntry);
-  EXPECT_THAT(namesIn("out"), IsEmpty());
+  EXPECT_THAT(tree.names("out"), IsEmpty());
 }
 
 // One of 2 GiB or more is in no catalogue, so that it is not meant.
@@ -428,7 +423,7 @@ class AmbiguousNameTest : public ZipArchivesTest {
     answers.said.clear();
     EXPECT_EQ(extract(name), archiveNoMatchingEntry) << name;
     EXPECT_EQ(answers.said, "caution: more than one entry has this name:  " + name + "\n");
-    EXPECT_THAT(namesIn("out"), IsEmpty()) << name;
+    EXPECT_THAT(tree.names("out"), IsEmpty()) << name;
   }
 };
 
@@ -477,7 +472,7 @@ TEST_F(ZipArchivesTest, DirectoryOfThatNameStays) {
   packed({{"a.txt", "new"}});
   tree.file("out/a.txt/inside", "1");
   EXPECT_NE(extract("a.txt"), archiveOk);
-  EXPECT_THAT(namesIn("out"), ElementsAre("a.txt"));
+  EXPECT_THAT(tree.names("out"), ElementsAre("a.txt"));
   EXPECT_EQ(tree.content("out/a.txt/inside"), "1");
 }
 
@@ -488,7 +483,7 @@ TEST_F(ZipArchivesTest, DamagedContentLeavesNothingAndTheOldFileAlone) {
   EXPECT_EQ(extract("a.txt"), archiveDamaged);
   EXPECT_THAT(answers.said, HasSubstr("a.txt is damaged"));
   EXPECT_EQ(tree.content("out/a.txt"), "old");
-  EXPECT_THAT(namesIn("out"), ElementsAre("a.txt"));
+  EXPECT_THAT(tree.names("out"), ElementsAre("a.txt"));
 }
 
 // So that an entry that claims a few bytes can't fill the disk.
@@ -500,37 +495,16 @@ TEST_F(ZipArchivesTest, EntryOfAnotherSizeThanItClaimsLeavesNothing) {
     bytes.replace(bytes.find("PK\x01\x02") + sizeInDirectory, 4, bytesOf(claimed, 4));
     tree.file("a.zip", bytes);
     EXPECT_EQ(extract("a.txt"), archiveDamaged) << claimed;
-    EXPECT_THAT(namesIn("out"), IsEmpty()) << claimed;
+    EXPECT_THAT(tree.names("out"), IsEmpty()) << claimed;
   }
 }
-
-// Files can't grow beyond some bytes, as on a disk that is full.
-class LimitedFileSize {
- public:
-  explicit LimitedFileSize(rlim_t bytes) {
-    ::getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit small{bytes, before_.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &small);
-    handler_ = std::signal(SIGXFSZ, SIG_IGN);
-  }
-  ~LimitedFileSize() {
-    ::setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-  LimitedFileSize(const LimitedFileSize&) = delete;
-  LimitedFileSize& operator=(const LimitedFileSize&) = delete;
-
- private:
-  rlimit before_{};
-  void (*handler_)(int);
-};
 
 TEST_F(ZipArchivesTest, FullDiskLeavesNothing) {
   packed({{"a.txt", std::string(1'000'000, 'x')}});
   const LimitedFileSize limit(100'000);
   EXPECT_EQ(extract("a.txt"), archiveDiskFull);
   EXPECT_THAT(answers.said, HasSubstr("the disk may be full"));
-  EXPECT_THAT(namesIn("out"), IsEmpty());
+  EXPECT_THAT(tree.names("out"), IsEmpty());
 }
 
 // As a file server does that has no room.
@@ -542,7 +516,7 @@ TEST_F(ZipArchivesTest, FailureAtTheCloseLeavesNothingAndTheOldFileAlone) {
   closingFails = false;
   EXPECT_THAT(answers.said, HasSubstr("cannot create a.txt"));
   EXPECT_EQ(tree.content("out/a.txt"), "old");
-  EXPECT_THAT(namesIn("out"), ElementsAre("a.txt"));
+  EXPECT_THAT(tree.names("out"), ElementsAre("a.txt"));
 }
 
 // A file in the directory above may have the entry's name.
@@ -556,8 +530,8 @@ TEST_F(ZipArchivesTest, DirectoryThatIsNotThereIsAFailedExtraction) {
     answers.said.clear();
   }
   EXPECT_EQ(tree.content("a.txt"), "a person's own");
-  EXPECT_THAT(namesIn("."), UnorderedElementsAre("a.txt", "a.zip", "file", "out"));
-  EXPECT_THAT(namesIn("out"), IsEmpty());
+  EXPECT_THAT(tree.names(), UnorderedElementsAre("a.txt", "a.zip", "file", "out"));
+  EXPECT_THAT(tree.names("out"), IsEmpty());
 }
 
 // The file as it is before it is whole.
@@ -577,7 +551,7 @@ TEST_F(WorkingFileTest, WhatIsThereUnderItsNameIsReplacedAndNotFollowed) {
   EXPECT_EQ(tree.content("out/a.txt"), "new");
   EXPECT_TRUE(
       std::filesystem::is_regular_file(std::filesystem::symlink_status(tree.path("out/a.txt"))));
-  EXPECT_THAT(namesIn("out"), ElementsAre("a.txt"));
+  EXPECT_THAT(tree.names("out"), ElementsAre("a.txt"));
   EXPECT_EQ(tree.content("precious"), "precious");
 }
 
@@ -585,7 +559,7 @@ TEST_F(WorkingFileTest, DirectoryOfItsNameIsAFailedExtraction) {
   packed({{"a.txt", "new"}});
   tree.directory("out/" + workingName);
   EXPECT_EQ(extract("a.txt"), archiveDiskFull);
-  EXPECT_THAT(namesIn("out"), ElementsAre(workingName));
+  EXPECT_THAT(tree.names("out"), ElementsAre(workingName));
 }
 
 // What a scan clears of temp files when it starts.
@@ -602,10 +576,11 @@ TEST_F(WorkingFileTest, WhatAKilledProgramLeavesHasTheNameOfATempFile) {
   int status = 0;
   ASSERT_EQ(::waitpid(child, &status, 0), child);
   ASSERT_TRUE(WIFSIGNALED(status));
-  const std::vector<std::string> left = namesIn("out");
+  const std::set<std::string> left = tree.names("out");
   ASSERT_EQ(left.size(), 1U);
-  EXPECT_TRUE(matchesWildcards(left[0], "TMP*.*")) << left[0];
-  EXPECT_NE(left[0], "a.txt");
+  const std::string& name = *left.begin();
+  EXPECT_TRUE(matchesWildcards(name, "TMP*.*")) << name;
+  EXPECT_NE(name, "a.txt");
 }
 
 }  // namespace

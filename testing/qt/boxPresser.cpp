@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QGenericPlugin>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 #include <iostream>
 
@@ -17,7 +18,7 @@ class BoxPresser : public QGenericPlugin {
       auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
       if (box == nullptr) return;
       std::cerr << box->text().toStdString() << '\n';
-      box->accept();
+      box->defaultButton()->click();
     });
     constexpr int milliseconds = 20;
     timer->start(milliseconds);

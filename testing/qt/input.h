@@ -9,7 +9,8 @@
 
 namespace quernstoke {
 
-// What a person at mouse and keyboard does to a widget.
+// Mouse and keyboard straight at a widget, which needs neither a window nor the focus for it. For
+// tests of single widgets, and for what person.h has no function for.
 
 inline void sendMouse(QWidget& widget, QEvent::Type type, QPoint at, Qt::MouseButton button,
                       Qt::MouseButtons held, Qt::KeyboardModifiers modifiers) {

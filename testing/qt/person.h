@@ -1,26 +1,18 @@
 #pragma once
 
-#include <QApplication>
 #include <QPoint>
 #include <QString>
 #include <QTest>
-#include <QTimer>
-#include <QWheelEvent>
 #include <QWidget>
 #include <QWindow>
+
+#include "testing/qt/settle.h"
 
 namespace quernstoke {
 
 // A person at mouse and keyboard of a window: what is done here comes in where the desktop's events
-// do, so that focus, shortcuts and filters take part.
-
-// Runs the event loop, as the program does, until nothing is waiting.
-inline void settle() {
-  for (int round = 0; round < 3; ++round) {
-    QTimer::singleShot(0, [] { QCoreApplication::exit(); });
-    QApplication::exec();
-  }
-}
+// do, so that focus, shortcuts and filters take part. For tests of whole windows; input.h is for
+// those of a single widget.
 
 inline QWindow* windowOf(const QWidget& widget) {
   return widget.window()->windowHandle();
