@@ -224,7 +224,11 @@ TEST_F(ExportDialog, BrowsingPutsTheDirectoryPickedIntoItsField) {
   };
   press("cmdDirectoryBrowse");
   EXPECT_EQ(text("txtOutputDirectory"), "C:\\picked");
-  modalForms.frmDirTree = [] { DialogText.clear(); };
+  DialogValue = 1;
+  modalForms.frmDirTree = [] {
+    EXPECT_EQ(DialogValue, 1);  // As found.
+    DialogText.clear();
+  };
   press("cmdDirectoryBrowse");
   EXPECT_EQ(text("txtOutputDirectory"), "C:\\picked");
 }

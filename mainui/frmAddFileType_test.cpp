@@ -253,6 +253,11 @@ TEST_F(FileTypesDialog, AFullTableGrowsByFiftyDescriptions) {
   addExtension();
   dialogBoxes.messages.erase(dialogBoxes.messages.begin());
   expectReport("basRebuildExtensionList", "Subscript out of range(9)");
+  makeProfiles();
+  deleteType();
+  expectReport("cmdAddorDelete_Click", "Subscript out of range(9)");
+  EXPECT_EQ(description(lastFileTypeRow + 1), "");
+  EXPECT_EQ(texts(types()).back(), "Fonts");
 }
 
 TEST_F(FileTypesDialog, ADoubleClickChangesTheDescription) {
@@ -269,6 +274,13 @@ TEST_F(FileTypesDialog, AnEmptyAnswerKeepsTheDescription) {
   doubleClickItem(types(), 1);
   EXPECT_EQ(description(2), "Music");
   EXPECT_EQ(texts(types()).at(1), "Music");
+}
+
+TEST_F(FileTypesDialog, AKeyWithoutASelectionChangesNothing) {
+  open();
+  types().setFocus();
+  pressKey(*dialog_, Qt::Key_F2);
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 
 TEST_F(FileTypesDialog, AKeyStandsForTheDoubleClick) {
@@ -332,8 +344,8 @@ TEST_F(FileTypesDialog, DeletesATypeThatADirectoryUses) {
   EXPECT_EQ(description(3), "");
 }
 
+// Without a look at the profiles, of which none can be read here.
 TEST_F(FileTypesDialog, KeepsAllFiles) {
-  makeProfiles();
   open(1);
   deleteType();
   EXPECT_THAT(dialogBoxes.messages, ElementsAre("Can't delete the 'All files' file type"));
@@ -425,10 +437,21 @@ TEST_F(FileTypesDialog, AllFilesTakesExtensionsAndLosesNone) {
   addExtension();
   EXPECT_EQ(list(1), "*.*;*.x");
   dialogBoxes.messages.clear();
+  deleteExtension();
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
   clickItem(extensions(), 1);
   deleteExtension();
   EXPECT_THAT(dialogBoxes.messages, ElementsAre("Can't delete the 'All files' file type"));
   EXPECT_EQ(list(1), "*.*;*.x");
+}
+
+TEST_F(FileTypesDialog, AnExtensionLosesOneStarAndOneDot) {
+  FileTypeTable.FileTypesList[2] = "*.a";
+  open(2);
+  dialogBoxes.inputs = {"**.x", "..y", "*"};
+  for (int times = 0; times < 3; ++times)
+    addExtension();
+  EXPECT_THAT(texts(extensions()), ElementsAre("*.A", "*.*.x", "*..y", "*."));
 }
 
 TEST_F(FileTypesDialog, AnExtensionOfNoTypeIsReported) {
@@ -437,6 +460,20 @@ TEST_F(FileTypesDialog, AnExtensionOfNoTypeIsReported) {
   addExtension();
   dialogBoxes.messages.erase(dialogBoxes.messages.begin());
   expectReport("basRebuildExtensionList", "Invalid procedure call or argument(5)");
+  clickItem(extensions(), 0);
+  deleteExtension();
+  expectReport("cmdAddorDelete_Click", "Invalid procedure call or argument(5)");
+  EXPECT_THAT(texts(extensions()), ElementsAre("*.x"));
+}
+
+TEST_F(FileTypesDialog, NothingIsWrittenUntilTheSettingsAreSaved) {
+  open(2);
+  disk.calls.clear();
+  dialogBoxes.inputs = {"x", "Fonts"};
+  addExtension();
+  addType();
+  press("cmdClose");
+  EXPECT_THAT(disk.calls, IsEmpty());
 }
 
 TEST_F(FileTypesDialog, MoreThanThirtyTwoExtensionsAreReportedOnceAndTheFirstShown) {
@@ -482,6 +519,14 @@ TEST_F(FileTypesDialog, FailedChangesAreReportedByTheirNames) {
   expectReport("basEditFileExtension", "Out of memory(7)");
 }
 
+TEST_F(FileTypesDialog, AFailedLoadIsReportedByItsNames) {
+  open(40000);
+  expectReport("Form_Load", "Overflow(6)");
+  FileTypeTable.FileTypeDescription.redim(5, true);
+  open();
+  expectReport("basBuildFileTypesList", "Subscript out of range(9)");
+}
+
 TEST_F(FileTypesDialog, EachListHasItsButtonsBelowIt) {
   open();
   const auto place = [this](const std::string& name) {
@@ -525,6 +570,16 @@ TEST_F(FileTypesDialog, ClosingWithoutASelectionTellsNone) {
   DialogValue = 7;
   press("cmdClose");
   EXPECT_EQ(DialogValue, -1);
+}
+
+TEST_F(FileTypesDialog, TheCloseBoxLeavesWhatTheCallerGave) {
+  DialogText = "Music";
+  open(2);
+  clickItem(types(), 3);
+  dialog_->close();
+  settle();
+  EXPECT_EQ(DialogValue, 2);
+  EXPECT_EQ(DialogText, "Music");
 }
 
 TEST_F(FileTypesDialog, EscapeAndEnterClose) {

@@ -469,6 +469,19 @@ TEST_F(DirectoryDialog, BrowsingPutsTheDirectoryPickedIntoItsField) {
   EXPECT_EQ(directory(0).text(), "C:\\A\\picked");
 }
 
+// Which makes the picker list the programs beside its tree.
+TEST_F(DirectoryDialog, BrowsingTheFirstRowHandsItsNumberToThePicker) {
+  setDirectory(1, "C:\\Photos", "I", true, "1");
+  open(1);
+  bool hasOpened = false;
+  modalForms.frmDirTree = [&] {
+    hasOpened = true;
+    EXPECT_EQ(DialogValue, 1);
+  };
+  press("cmdBrowse_0");
+  EXPECT_TRUE(hasOpened);
+}
+
 TEST_F(DirectoryDialog, EditingTheFileTypesBringsBackTheOneChosenThere) {
   add();
   types().setCurrentIndex(types().findText("Music"));
