@@ -29,6 +29,7 @@ void TreeModel::addChildren(TreeNode& parent, std::vector<TreeNode> children) {
 
 void TreeModel::clear() {
   selected_ = nullptr;
+  idleWork_.clear();
   const std::unique_ptr<TreeNode> going = std::move(root_);
   if (screen_) screen_->treeCleared();
 }
@@ -47,6 +48,20 @@ void TreeModel::expand(TreeNode& node) {
 void TreeModel::collapse(TreeNode& node) {
   node.expanded = false;
   tellScreen();
+}
+
+void TreeModel::whenIdle(std::function<void()> work) {
+  if (screen_ == nullptr) return work();
+  idleWork_.push_back(std::move(work));
+  tellScreen();
+}
+
+bool TreeModel::doIdleWork() {
+  if (idleWork_.empty()) return false;
+  const std::function<void()> work = std::move(idleWork_.front());
+  idleWork_.pop_front();
+  work();
+  return true;
 }
 
 void TreeModel::tellScreen() {

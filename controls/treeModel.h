@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <memory>
 #include <string>
@@ -29,8 +30,8 @@ class TreeScreen {
  public:
   virtual ~TreeScreen() = default;
 
-  // There is something new to see. It may still be changed before control returns to the event
-  // loop, so nothing is to be read yet.
+  // There is something new to see, or work for when it is idle. It may still be changed before
+  // control returns to the event loop, so nothing is to be read yet.
   virtual void treeChanged() = 0;
   // The nodes are going; they are there until this call returns.
   virtual void treeCleared() = 0;
@@ -57,12 +58,20 @@ class TreeModel {
   void collapse(TreeNode& node);
   std::function<void(TreeNode&)> onExpand;
 
+  // Has the work done by the screen when it has nothing else to do, one piece after the other; at
+  // once without a screen. What isn't done when the tree is cleared is forgotten, so the work may
+  // hold on to nodes.
+  void whenIdle(std::function<void()> work);
+  // One piece of it. False if there is none.
+  bool doIdleWork();
+
  private:
   void tellScreen();
 
   std::unique_ptr<TreeNode> root_;
   TreeNode* selected_ = nullptr;
   TreeScreen* screen_ = nullptr;
+  std::deque<std::function<void()>> idleWork_;
 };
 
 }  // namespace quernstoke

@@ -119,5 +119,36 @@ TEST_F(TreeTest, WorksWithoutAScreen) {
   EXPECT_TRUE(tree_.isEmpty());
 }
 
+TEST_F(TreeTest, WorkWaitsUntilItsScreenIsIdle) {
+  std::vector<int> done;
+  tree_.whenIdle([&] { done.push_back(1); });
+  tree_.whenIdle([&] {
+    done.push_back(2);
+    tree_.whenIdle([&] { done.push_back(3); });
+  });
+  EXPECT_THAT(done, ElementsAre());
+  EXPECT_GT(screen_.changes, 0);
+  EXPECT_TRUE(tree_.doIdleWork());
+  EXPECT_THAT(done, ElementsAre(1));
+  while (tree_.doIdleWork()) {
+  }
+  EXPECT_THAT(done, ElementsAre(1, 2, 3));
+}
+
+TEST_F(TreeTest, WithoutAScreenWorkIsDoneAtOnce) {
+  tree_.showOn(nullptr);
+  bool isDone = false;
+  tree_.whenIdle([&] { isDone = true; });
+  EXPECT_TRUE(isDone);
+  EXPECT_FALSE(tree_.doIdleWork());
+}
+
+TEST_F(TreeTest, WorkIsForgottenWithTheTree) {
+  tree_.addRoot(named("C:"));
+  tree_.whenIdle([] { FAIL(); });
+  tree_.clear();
+  EXPECT_FALSE(tree_.doIdleWork());
+}
+
 }  // namespace
 }  // namespace quernstoke

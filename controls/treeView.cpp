@@ -1,6 +1,7 @@
 #include "controls/treeView.h"
 
 #include <QAbstractItemModel>
+#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <algorithm>
@@ -12,6 +13,8 @@
 namespace quernstoke {
 
 namespace {
+
+constexpr int slice = 40;  // Milliseconds of work, after which the person comes in again.
 
 TreeNode* nodeOf(const QModelIndex& index) {
   return static_cast<TreeNode*>(index.internalPointer());
@@ -80,6 +83,8 @@ TreeView::TreeView(QWidget* parent)
   tree_.showOn(this);
   afterChanges_.setSingleShot(true);
   connect(&afterChanges_, &QTimer::timeout, this, &TreeView::showTree);
+  whileIdle_.setSingleShot(true);
+  connect(&whileIdle_, &QTimer::timeout, this, &TreeView::workWhileIdle);
   connect(this, &QTreeView::expanded, this,
           [this](const QModelIndex& index) { tree_.expand(*nodeOf(index)); });
   connect(this, &QTreeView::collapsed, this,
@@ -112,6 +117,14 @@ void TreeView::showTree() {
   items_->tellAdded();
   if (!tree_.isEmpty()) showExpanded(*tree_.root());
   showSelected();
+  whileIdle_.start();
+}
+
+void TreeView::workWhileIdle() {
+  QElapsedTimer time;
+  time.start();
+  while (tree_.doIdleWork())
+    if (time.hasExpired(slice)) return whileIdle_.start();
 }
 
 void TreeView::showExpanded(const TreeNode& node) {

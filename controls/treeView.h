@@ -43,11 +43,13 @@ class TreeView : public QTreeView, private TreeScreen {
   void showTree();
   void showExpanded(const TreeNode& node);
   void showSelected();
+  void workWhileIdle();
   void takeClick();
 
   TreeModel tree_;
   std::unique_ptr<TreeItems> items_;
   QTimer afterChanges_;
+  QTimer whileIdle_;
   bool showing_ = false;  // What the program has selected.
 };
 

@@ -3,6 +3,8 @@
 #include <QAccessible>
 #include <QHeaderView>
 #include <QPixmap>
+#include <QThread>
+#include <QTimer>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -241,6 +243,21 @@ TEST_F(TreeViewTest, ScreenReadersHearTheNodes) {
   for (int i = 0; i < accessible->childCount(); ++i)
     heard.push_back(accessible->child(i)->text(QAccessible::Name).toStdString());
   EXPECT_THAT(heard, testing::Contains("C:"));
+}
+
+// Each piece takes longer than the view works in one go.
+TEST_F(TreeViewTest, ThePersonComesInBetweenPiecesOfWork) {
+  show();
+  std::vector<std::string> events;
+  for (int piece = 1; piece <= 3; ++piece)
+    view_.tree().whenIdle([&] {
+      events.emplace_back("work");
+      QThread::msleep(50);
+      QTimer::singleShot(0, [&] { events.emplace_back("person"); });
+    });
+  while (events.size() < 6)
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  EXPECT_THAT(events, ElementsAre("work", "person", "work", "person", "work", "person"));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QListWidget>
 #include <QPointer>
 #include <QPushButton>
+#include <algorithm>
 
 #include "controls/treeView.h"
 #include "controls/units.h"
@@ -35,11 +36,14 @@ class DirectoryPicker : public EngineTest {
     settle();
   }
 
-  void open(const std::string& directory, int mode = 0) {
+  void show(const std::string& directory, int mode = 0) {
     DialogText = directory;
     DialogValue = mode;
     dialog_ = new forms::frmDirTree;
     dialog_->show();
+  }
+  void open(const std::string& directory, int mode = 0) {
+    show(directory, mode);
     settle();
   }
   void openFileList(const std::string& path) { open(path, 1); }
@@ -57,6 +61,11 @@ class DirectoryPicker : public EngineTest {
     settle();
   }
   bool isOpen() const { return dialog_ && dialog_->isLoaded(); }
+  std::vector<std::string> listed() const { return disk.paths(DiskAction::list); }
+  std::ptrdiff_t timesListed(const std::string& path) {
+    const std::vector<std::string> paths = listed();
+    return std::count(paths.begin(), paths.end(), path);
+  }
 
   // The texts in view, indented by their depth.
   std::vector<std::string> shown() {
@@ -144,8 +153,25 @@ TEST_F(DirectoryPicker, OpensAtTheRootOfAnotherDrive) {
   EXPECT_THAT(shown(), ElementsAre("D:", " Photos"));
   EXPECT_EQ(selected(), "");
   EXPECT_EQ(path(), "D:");
+  EXPECT_EQ(timesListed("D:"), 1);
   press("cmdOK");
   EXPECT_EQ(DialogText, "D:");
+}
+
+TEST_F(DirectoryPicker, OpensBeforeItLooksAhead) {
+  show("C:\\home\\Ann");
+  EXPECT_THAT(listed(), ElementsAre("C:", "C:\\home"));
+  settle();
+  EXPECT_THAT(listed(), testing::IsSupersetOf({"C:\\media", "C:\\home\\Bob", "C:\\home\\Ann",
+                                               "C:\\home\\Ann\\Music"}));
+  EXPECT_EQ(timesListed("C:\\home\\Ann\\Music\\Old"), 0);
+}
+
+TEST_F(DirectoryPicker, ClosedWhileItLooksAheadItReadsNoMore) {
+  show("C:\\home\\Ann");
+  dialog_->close();
+  settle();
+  EXPECT_THAT(listed(), ElementsAre("C:", "C:\\home"));
 }
 
 TEST_F(DirectoryPicker, ADirectoryThatIsNotThereOpensAsFarAsItLeads) {
@@ -168,6 +194,11 @@ TEST_F(DirectoryPicker, ADriveThatIsNotThereLeavesTheFirst) {
   EXPECT_THAT(shown(), ElementsAre("C:"));
   press("cmdOK");
   EXPECT_EQ(DialogText, "Q:\\a");
+}
+
+TEST_F(DirectoryPicker, ATextWithoutADriveLeavesTheFirst) {
+  open("data");
+  EXPECT_EQ(drive().currentText(), "C: [/]");
 }
 
 TEST_F(DirectoryPicker, OfAnEmptyDiskTheDirectoryComesBackAsItWas) {
@@ -273,7 +304,8 @@ TEST_F(DirectoryPicker, OpeningANodeReadsTwoLevelsFurther) {
   open("C:\\");
   disk.calls.clear();
   tree().expand(indexOf("media"));
-  EXPECT_THAT(disk.paths(DiskAction::list), ElementsAre("C:\\media\\a", "C:\\media\\a\\b"));
+  settle();
+  EXPECT_THAT(listed(), ElementsAre("C:\\media\\a", "C:\\media\\a\\b"));
 }
 
 // Leaving.
@@ -322,8 +354,11 @@ TEST_F(DirectoryPicker, EachOpeningReadsTheDiskAnew) {
 // The file list.
 
 TEST_F(DirectoryPicker, InThePlainModeThereIsNoFileList) {
+  disk.file("C:\\home\\play.exe", "");
   for (const int mode : {0, -1, 2}) {
     open("C:\\home", mode);
+    EXPECT_EQ(selected(), "C:\\home");
+    EXPECT_THAT(shownFiles(), IsEmpty());
     EXPECT_FALSE(files().isVisible());
     EXPECT_EQ(dialog_->width(), tree().width() + 2 * tree().x() + pixelsFromTwips(100));
     press("cmdCancel");
@@ -371,6 +406,7 @@ TEST_F(DirectoryPicker, AFileThatIsChosenIsNotReturned) {
 }
 
 TEST_F(DirectoryPicker, WithoutASelectedNodeTheFileListIsEmpty) {
+  disk.file("C:\\play.exe", "");
   openFileList("C:\\gone\\file");
   EXPECT_THAT(shownFiles(), IsEmpty());
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());

@@ -20,21 +20,16 @@ namespace {
 constexpr int lookAhead = 2;
 constexpr const char* readTag = "E";
 
-// An entry that can't be looked at is none.
-bool isDirectory(DirectoryListing& entry) {
-  int attributes = 0;
-  ignoringFailure([&] { attributes = entry.attributes(); });
-  return (attributes & attributeDirectory) != 0;
-}
-
+// None if the directory can't be read to its end.
 std::vector<std::string> subDirectories(const std::string& path) {
   std::vector<std::string> names;
-  ignoringFailure([&] {
+  const int failure = ignoringFailure([&] {
     const std::unique_ptr<DirectoryListing> listing = files().list(path, attributeDirectory);
     while (listing->next())
-      if (listing->name() != "." && listing->name() != ".." && isDirectory(*listing))
+      if (listing->name() != "." && listing->name() != ".." && listing->isDirectory())
         names.emplace_back(listing->name());
   });
+  if (failure != 0) names.clear();
   return names;
 }
 
@@ -111,9 +106,12 @@ void basLoadDirList(TreeModel& treeDir, std::string_view drvDrive, std::string_v
 void basLoadTreeNode(TreeModel& treeDir, const std::string& path, Int16 level, TreeNode& node) {
   procedure("basLoadTreeNode", [&] {
     if (node.children.empty()) addSubDirectories(treeDir, path, node);
+    if (level >= lookAhead) return;
     for (const auto& child : node.children)
-      if (level < lookAhead && child->children.empty() && child->tag.empty())
-        basLoadTreeNode(treeDir, child->key, level + 1, *child);
+      treeDir.whenIdle([&treeDir, &child = *child, level] {
+        if (child.children.empty() && child.tag.empty())
+          basLoadTreeNode(treeDir, child.key, level + 1, child);
+      });
   });
 }
 

@@ -133,6 +133,7 @@ class MemoryFileSystem::Listing : public DirectoryListing {
     }
   }
   std::string_view name() const override { return current_->name; }
+  bool isDirectory() const override { return current_->isDirectory; }
   int attributes() override {
     disk_.note(DiskAction::entryAttributes, entryPath());
     return current_->attributes();

@@ -20,6 +20,7 @@ class LinuxDirectoryListing final : public DirectoryListing {
 
   bool next() override;
   std::string_view name() const override { return name_; }
+  bool isDirectory() const override { return isDirectory_; }
   int attributes() override;
   std::int32_t size() override;
   DateTime modified() override;

@@ -6,7 +6,10 @@ from waiting import Gone
 
 ROOT = "/org/a11y/atspi/accessible/root"
 ACCESSIBLE = "org.a11y.atspi.Accessible"
-STATES = {"active": 1, "checked": 4, "enabled": 8, "expanded": 10, "focused": 12, "showing": 25}
+STATES = {
+    "active": 1, "checked": 4, "enabled": 8, "expandable": 9, "expanded": 10, "focused": 12,
+    "showing": 25,
+}
 SCREEN = 0
 
 

@@ -128,6 +128,7 @@ class Window:
         for name in names:
             current = wait_for("the current directory", self._tree_from_current)[0]
             if not current.has("expanded"):
+                wait_for(f"a mark to open '{current.name}'", lambda: current.has("expandable"))
                 self.program.keys("Right")
                 wait_for(f"'{current.name}' to open", lambda: current.has("expanded"))
             below = [item.name for item in self._tree_from_current()]
