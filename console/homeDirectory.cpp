@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "console/exitStatus.h"
+#include "platform/linux/environment.h"
 #include "platform/linux/process.h"
 
 namespace quernstoke {

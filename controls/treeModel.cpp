@@ -1,6 +1,7 @@
 #include "controls/treeModel.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace quernstoke {
@@ -41,6 +42,7 @@ void TreeModel::select(TreeNode* node) {
 
 void TreeModel::expand(TreeNode& node) {
   if (std::exchange(node.expanded, true)) return;
+  doIdleWorkFor(node);
   if (onExpand) onExpand(node);
   tellScreen();
 }
@@ -50,18 +52,27 @@ void TreeModel::collapse(TreeNode& node) {
   tellScreen();
 }
 
-void TreeModel::whenIdle(std::function<void()> work) {
+void TreeModel::whenIdle(TreeNode& node, std::function<void()> work) {
   if (screen_ == nullptr) return work();
-  idleWork_.push_back(std::move(work));
+  idleWork_.push_back({&node, std::move(work)});
   tellScreen();
 }
 
 bool TreeModel::doIdleWork() {
   if (idleWork_.empty()) return false;
-  const std::function<void()> work = std::move(idleWork_.front());
+  const Work work = std::move(idleWork_.front());
   idleWork_.pop_front();
-  work();
+  work.piece();
   return true;
+}
+
+void TreeModel::doIdleWorkFor(const TreeNode& node) {
+  const auto isForNode = [&](const Work& work) { return work.node == &node; };
+  std::vector<Work> found;
+  std::copy_if(idleWork_.begin(), idleWork_.end(), std::back_inserter(found), isForNode);
+  std::erase_if(idleWork_, isForNode);
+  for (const Work& work : found)
+    work.piece();
 }
 
 void TreeModel::tellScreen() {

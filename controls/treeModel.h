@@ -58,20 +58,26 @@ class TreeModel {
   void collapse(TreeNode& node);
   std::function<void(TreeNode&)> onExpand;
 
-  // Has the work done by the screen when it has nothing else to do, one piece after the other; at
-  // once without a screen. What isn't done when the tree is cleared is forgotten, so the work may
-  // hold on to nodes.
-  void whenIdle(std::function<void()> work);
+  // Has work for a node done by the screen when it has nothing else to do, one piece after the
+  // other, but before the node is expanded; at once without a screen. What isn't done when the tree
+  // is cleared is forgotten, so the work may hold on to nodes.
+  void whenIdle(TreeNode& node, std::function<void()> work);
   // One piece of it. False if there is none.
   bool doIdleWork();
 
  private:
+  struct Work {
+    TreeNode* node;
+    std::function<void()> piece;
+  };
+
   void tellScreen();
+  void doIdleWorkFor(const TreeNode& node);
 
   std::unique_ptr<TreeNode> root_;
   TreeNode* selected_ = nullptr;
   TreeScreen* screen_ = nullptr;
-  std::deque<std::function<void()>> idleWork_;
+  std::deque<Work> idleWork_;
 };
 
 }  // namespace quernstoke

@@ -120,14 +120,16 @@ TEST_F(TreeTest, WorksWithoutAScreen) {
 }
 
 TEST_F(TreeTest, WorkWaitsUntilItsScreenIsIdle) {
+  TreeNode& root = tree_.addRoot(named("C:"));
+  screen_.changes = 0;
   std::vector<int> done;
-  tree_.whenIdle([&] { done.push_back(1); });
-  tree_.whenIdle([&] {
+  tree_.whenIdle(root, [&] { done.push_back(1); });
+  tree_.whenIdle(root, [&] {
     done.push_back(2);
-    tree_.whenIdle([&] { done.push_back(3); });
+    tree_.whenIdle(root, [&] { done.push_back(3); });
   });
   EXPECT_THAT(done, ElementsAre());
-  EXPECT_GT(screen_.changes, 0);
+  EXPECT_EQ(screen_.changes, 2);
   EXPECT_TRUE(tree_.doIdleWork());
   EXPECT_THAT(done, ElementsAre(1));
   while (tree_.doIdleWork()) {
@@ -135,17 +137,34 @@ TEST_F(TreeTest, WorkWaitsUntilItsScreenIsIdle) {
   EXPECT_THAT(done, ElementsAre(1, 2, 3));
 }
 
+TEST_F(TreeTest, WorkForANodeIsDoneBeforeItIsExpanded) {
+  TreeNode& root = tree_.addRoot(named("C:"));
+  TreeNode& child = add(root, "a");
+  const auto push = [this](const char* text) {
+    return [this, text] { expanded_.emplace_back(text); };
+  };
+  tree_.whenIdle(root, push("of C:"));
+  tree_.whenIdle(child, push("first of a"));
+  tree_.whenIdle(child, push("second of a"));
+  tree_.expand(child);
+  EXPECT_THAT(expanded_, ElementsAre("first of a", "second of a", "a"));
+  while (tree_.doIdleWork()) {
+  }
+  EXPECT_EQ(expanded_.back(), "of C:");
+  EXPECT_EQ(expanded_.size(), 4U);
+}
+
 TEST_F(TreeTest, WithoutAScreenWorkIsDoneAtOnce) {
+  TreeNode& root = tree_.addRoot(named("C:"));
   tree_.showOn(nullptr);
   bool isDone = false;
-  tree_.whenIdle([&] { isDone = true; });
+  tree_.whenIdle(root, [&] { isDone = true; });
   EXPECT_TRUE(isDone);
   EXPECT_FALSE(tree_.doIdleWork());
 }
 
 TEST_F(TreeTest, WorkIsForgottenWithTheTree) {
-  tree_.addRoot(named("C:"));
-  tree_.whenIdle([] { FAIL(); });
+  tree_.whenIdle(tree_.addRoot(named("C:")), [] { FAIL(); });
   tree_.clear();
   EXPECT_FALSE(tree_.doIdleWork());
 }

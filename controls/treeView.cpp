@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <utility>
 
@@ -120,7 +121,10 @@ void TreeView::showTree() {
   whileIdle_.start();
 }
 
+// The work at hand may show a message, under which the event loop runs on.
 void TreeView::workWhileIdle() {
+  if (working_) return;
+  const QScopedValueRollback working(working_, true);
   QElapsedTimer time;
   time.start();
   while (tree_.doIdleWork())

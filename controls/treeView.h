@@ -51,6 +51,7 @@ class TreeView : public QTreeView, private TreeScreen {
   QTimer afterChanges_;
   QTimer whileIdle_;
   bool showing_ = false;  // What the program has selected.
+  bool working_ = false;
 };
 
 }  // namespace quernstoke

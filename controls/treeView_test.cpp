@@ -1,6 +1,7 @@
 #include "controls/treeView.h"
 
 #include <QAccessible>
+#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QPixmap>
 #include <QThread>
@@ -250,14 +251,32 @@ TEST_F(TreeViewTest, ThePersonComesInBetweenPiecesOfWork) {
   show();
   std::vector<std::string> events;
   for (int piece = 1; piece <= 3; ++piece)
-    view_.tree().whenIdle([&] {
+    view_.tree().whenIdle(root(), [&] {
       events.emplace_back("work");
       QThread::msleep(50);
       QTimer::singleShot(0, [&] { events.emplace_back("person"); });
     });
-  while (events.size() < 6)
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  QElapsedTimer time;
+  time.start();
+  while (events.size() < 6 && !time.hasExpired(10'000))
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 1000);
   EXPECT_THAT(events, ElementsAre("work", "person", "work", "person", "work", "person"));
+}
+
+TEST_F(TreeViewTest, NoOtherWorkIsDoneWhileAPieceShowsAMessage) {
+  show();
+  int done = 0;
+  view_.tree().whenIdle(root(), [&] {
+    view_.tree().select(&root());
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(done, 0);
+    ++done;
+  });
+  view_.tree().whenIdle(root(), [&] { ++done; });
+  for (int round = 0; round < 5; ++round)
+    QCoreApplication::processEvents();
+  EXPECT_EQ(done, 2);
 }
 
 }  // namespace

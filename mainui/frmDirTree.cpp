@@ -53,11 +53,11 @@ void frmDirTree::Form_Load() {
     fillDrives();
     TreeModel& tree = ui_->treeDir->tree();
     ui_->treeDir->setImageList(ImageList1());
-    selectedDir_ = startDirectory();
+    SelectedDir = startDirectory();
     showPath();
     // A change of the drive fills the tree.
-    setDrive(selectedDir_);
-    if (tree.isEmpty()) basLoadDirList(tree, driveText(), selectedDir_);
+    setDrive(SelectedDir);
+    if (tree.isEmpty()) basLoadDirList(tree, driveText(), SelectedDir);
     if (DialogValue == fileListMode && tree.selected() != nullptr)
       setFileListPath(fullPath(*tree.selected()));
   });
@@ -92,7 +92,7 @@ void frmDirTree::setDrive(const std::string& path) {
 
 void frmDirTree::showPath() {
   const int width = twipsFromPixels(ui_->labPath->width());
-  ui_->labPath->setText(qtText(basBuildFullFilePath(width, selectedDir_, "", *ui_->labSizer)));
+  ui_->labPath->setText(qtText(basBuildFullFilePath(width, SelectedDir, "", *ui_->labSizer)));
 }
 
 // As wide as the mode needs.
@@ -109,9 +109,9 @@ void frmDirTree::Form_Activate() {
 void frmDirTree::drvDrive_Change() {
   procedure("drvDrive_Change", [this] {
     clearTree();
-    selectedDir_ = driveOf(driveText());
-    basLoadDirList(ui_->treeDir->tree(), driveText(), selectedDir_);
-    ui_->labPath->setText(qtText(selectedDir_));
+    SelectedDir = driveOf(driveText());
+    basLoadDirList(ui_->treeDir->tree(), driveText(), SelectedDir);
+    ui_->labPath->setText(qtText(SelectedDir));
   });
 }
 
@@ -121,8 +121,8 @@ void frmDirTree::treeDir_Expand(TreeNode& node) {
 
 void frmDirTree::treeDir_NodeClick(TreeNode& node) {
   procedure("treeDir_NodeClick", [&] {
-    selectedDir_ = fullPath(node);
-    ignoringFailure([this] { setFileListPath(selectedDir_); });
+    SelectedDir = fullPath(node);
+    ignoringFailure([this] { setFileListPath(SelectedDir); });
     node.selectedImage = "Open";
     showPath();
   });
@@ -144,7 +144,7 @@ void frmDirTree::clearTree() {
 
 void frmDirTree::cmdOK_Click() {
   procedure("cmdOK_Click", [this] {
-    DialogText = selectedDir_;
+    DialogText = SelectedDir;
     unload();
   });
 }

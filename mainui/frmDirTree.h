@@ -46,7 +46,7 @@ class frmDirTree : public Form {
   void clearTree();
 
   std::unique_ptr<Ui::frmDirTree> ui_;
-  std::string selectedDir_;
+  std::string SelectedDir;
 };
 
 }  // namespace forms

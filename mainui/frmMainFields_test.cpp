@@ -182,13 +182,14 @@ TEST_F(MainWindowFields, AButtonPressedWithoutTheFocusIsHeldOnce) {
   QAccessible::queryAccessibleInterface(&button("cmdExit_0"))
       ->actionInterface()
       ->doAction(QAccessibleActionInterface::pressAction());
+  constexpr int asLongAsAPressIsShown = 200;
   EXPECT_TRUE(QTest::qWaitFor([this] { return !dialogBoxes.messages.empty(); }));
-  settle();
+  QTest::qWait(asLongAsAPressIsShown);
   EXPECT_THAT(dialogBoxes.messages, ElementsAre("Maximum size must be greater then 0"));
   EXPECT_TRUE(window.isLoaded());
   pressKey(form(), Qt::Key_S, Qt::AltModifier);
   EXPECT_TRUE(QTest::qWaitFor([this] { return dialogBoxes.messages.size() > 1; }));
-  settle();
+  QTest::qWait(asLongAsAPressIsShown);
   EXPECT_EQ(dialogBoxes.messages.size(), 2U);
   EXPECT_THAT(windows, IsEmpty());
   EXPECT_TRUE(field("txtMaximumSize").hasFocus());

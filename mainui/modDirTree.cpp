@@ -20,13 +20,18 @@ namespace {
 constexpr int lookAhead = 2;
 constexpr const char* readTag = "E";
 
+// An entry that can't be looked at is none.
+bool isDirectory(DirectoryListing& entry) {
+  return entry.isDirectory() && ignoringFailure([&] { entry.attributes(); }) == 0;
+}
+
 // None if the directory can't be read to its end.
 std::vector<std::string> subDirectories(const std::string& path) {
   std::vector<std::string> names;
   const int failure = ignoringFailure([&] {
     const std::unique_ptr<DirectoryListing> listing = files().list(path, attributeDirectory);
     while (listing->next())
-      if (listing->name() != "." && listing->name() != ".." && listing->isDirectory())
+      if (listing->name() != "." && listing->name() != ".." && isDirectory(*listing))
         names.emplace_back(listing->name());
   });
   if (failure != 0) names.clear();
@@ -108,7 +113,7 @@ void basLoadTreeNode(TreeModel& treeDir, const std::string& path, Int16 level, T
     if (node.children.empty()) addSubDirectories(treeDir, path, node);
     if (level >= lookAhead) return;
     for (const auto& child : node.children)
-      treeDir.whenIdle([&treeDir, &child = *child, level] {
+      treeDir.whenIdle(*child, [&treeDir, &child = *child, level] {
         if (child.children.empty() && child.tag.empty())
           basLoadTreeNode(treeDir, child.key, level + 1, child);
       });

@@ -15,7 +15,7 @@ struct TreeNode;
 // its tag says "E" once sub-directories were read into it. Nodes are read two levels ahead of what
 // is open, so that only a directory that can be opened has a mark to open it; what lies deeper
 // isn't read. What isn't needed for the path itself is read when the tree's screen is idle, for
-// there may be very many directories, and a slow disk below them.
+// there may be very many directories, or a slow disk.
 
 // Fills an empty tree for the drive with which the text of the drive box begins, and opens it along
 // a path as far as that leads.

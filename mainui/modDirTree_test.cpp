@@ -44,6 +44,11 @@ class ManyDirectories : public MemoryFileSystem {
   };
 };
 
+class IdleScreen : public TreeScreen {
+  void treeChanged() override {}
+  void treeCleared() override {}
+};
+
 class DirTreeTest : public EngineTest {
  protected:
   DirTreeTest() {
@@ -128,6 +133,34 @@ TEST_F(DirTreeTest, ADirectoryWithoutSubDirectoriesIsListedAtEachPass) {
   tree_.collapse(node("C:"));
   tree_.expand(node("C:"));
   EXPECT_THAT(keys(), ElementsAre("C:", "C:\\empty", "C:\\empty\\new", "C:\\full", "C:\\full\\a"));
+}
+
+// When it is idle, and with what a person opens meanwhile.
+TEST_F(DirTreeTest, WithAScreenTheSameIsRead) {
+  for (const char* path : {"a\\a\\a\\a\\a", "a\\a\\b", "a\\b\\a\\b", "a\\c", "b\\a\\a", "c"})
+    disk.directory(std::string("C:\\") + path);
+  IdleScreen screen;
+  for (const char* path :
+       {"", "C:\\a", "C:\\a\\a", "C:\\a\\a\\a", "C:\\a\\b\\a\\b", "C:\\a\\a\\a\\a\\a"}) {
+    const auto readOn = [&](TreeScreen* shown) {
+      tree_.clear();
+      tree_.showOn(shown);
+      disk.calls.clear();
+      open(path);
+      for (const char* opened : {"C:", "C:\\b", "C:\\a"})
+        tree_.expand(node(opened));
+      while (tree_.doIdleWork()) {
+      }
+      std::vector<std::string> all = listed();
+      for (const std::string& key : keys())
+        all.push_back(key + " " + node(key).tag);
+      std::sort(all.begin(), all.end());
+      return all;
+    };
+    const std::vector<std::string> withoutScreen = readOn(nullptr);
+    EXPECT_EQ(readOn(&screen), withoutScreen) << path;
+  }
+  tree_.showOn(nullptr);
 }
 
 TEST_F(DirTreeTest, ATagSaysThatSubDirectoriesWereRead) {
@@ -313,6 +346,14 @@ TEST_F(DirTreeTest, UnreadableDirectoriesAreEmptyWithoutAWord) {
 TEST_F(DirTreeTest, ADriveThatIsNotReadyIsEmptyWithoutAWord) {
   open("Q:\\a", "Q: [/media/cd]");
   EXPECT_THAT(keys(), ElementsAre("Q:"));
+  EXPECT_THAT(dialogBoxes.messages, IsEmpty());
+}
+
+TEST_F(DirTreeTest, AnEntryThatHasGoneIsLeftOut) {
+  makeDirectories({"C:\\a", "C:\\gone", "C:\\z"});
+  disk.failOn(DiskAction::entryAttributes, "C:\\gone", FailureNumber::fileNotFound);
+  read();
+  EXPECT_THAT(keys(), ElementsAre("C:", "C:\\a", "C:\\z"));
   EXPECT_THAT(dialogBoxes.messages, IsEmpty());
 }
 

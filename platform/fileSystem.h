@@ -34,7 +34,7 @@ class DirectoryListing {
 
   // Facts of the current entry. The name is valid until the next call of next().
   virtual std::string_view name() const = 0;
-  // As its directory tells, without a look at the entry itself.
+  // Never fails; doesn't look at a plain file whose type its directory tells.
   virtual bool isDirectory() const = 0;
   virtual int attributes() = 0;     // Fails for an entry that has gone away.
   virtual std::int32_t size() = 0;  // In bytes. Fails for 2 GiB and more: no 32-bit size.

@@ -11,9 +11,9 @@ class LimitedFileSize {
  public:
   explicit LimitedFileSize(rlim_t bytes) {
     ::getrlimit(RLIMIT_FSIZE, &before_);
-    handler_ = std::signal(SIGXFSZ, SIG_IGN);
     const rlimit small{bytes, before_.rlim_max};
     if (::setrlimit(RLIMIT_FSIZE, &small) != 0) throw std::runtime_error("no limit on files");
+    handler_ = std::signal(SIGXFSZ, SIG_IGN);
   }
   ~LimitedFileSize() {
     ::setrlimit(RLIMIT_FSIZE, &before_);

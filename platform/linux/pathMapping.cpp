@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/failure.h"
-#include "platform/linux/process.h"
+#include "platform/linux/environment.h"
 
 namespace quernstoke {
 

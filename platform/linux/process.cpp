@@ -1,10 +1,10 @@
 #include "platform/linux/process.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 #include <system_error>
 
+#include "platform/linux/environment.h"
 #include "platform/linux/pathMapping.h"
 
 namespace quernstoke {
@@ -16,12 +16,6 @@ std::filesystem::path executable() {
 }
 
 }  // namespace
-
-std::optional<std::string> environmentVariable(const char* name) {
-  const char* const value = std::getenv(name);
-  if (value == nullptr || *value == '\0') return std::nullopt;
-  return value;
-}
 
 std::string realDirectory(const std::string& path) {
   std::error_code error;

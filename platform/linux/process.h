@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 
 namespace quernstoke {
@@ -8,9 +7,6 @@ namespace quernstoke {
 class DriveTable;
 
 // What this process was started as, and where.
-
-// Nothing for a variable that is set to nothing.
-std::optional<std::string> environmentVariable(const char* name);
 
 // The directory that a path leads to: absolute, and without links. Throws a std::runtime_error that
 // names the path for one that isn't there or is no directory.

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
+#include "platform/linux/environment.h"
 #include "platform/linux/pathMapping.h"
 #include "platform/linux/scopedVariable.h"
 #include "platform/linux/temporaryTree.h"

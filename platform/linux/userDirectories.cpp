@@ -4,7 +4,7 @@
 #include <string_view>
 #include <sys/stat.h>
 
-#include "platform/linux/process.h"
+#include "platform/linux/environment.h"
 
 namespace quernstoke {
 
