@@ -225,11 +225,13 @@ TEST_F(ExportDialog, BrowsingPutsTheDirectoryPickedIntoItsField) {
   press("cmdDirectoryBrowse");
   EXPECT_EQ(text("txtOutputDirectory"), "C:\\picked");
   DialogValue = 1;
-  modalForms.frmDirTree = [] {
-    EXPECT_EQ(DialogValue, 1);  // As found.
+  int found = 0;
+  modalForms.frmDirTree = [&] {
+    found = DialogValue.raw();
     DialogText.clear();
   };
   press("cmdDirectoryBrowse");
+  EXPECT_EQ(found, 1);
   EXPECT_EQ(text("txtOutputDirectory"), "C:\\picked");
 }
 

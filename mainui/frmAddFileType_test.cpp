@@ -473,6 +473,8 @@ TEST_F(FileTypesDialog, NothingIsWrittenUntilTheSettingsAreSaved) {
   addExtension();
   addType();
   press("cmdClose");
+  EXPECT_THAT(list(2), testing::EndsWith("*.x"));
+  EXPECT_EQ(description(6), "Fonts");
   EXPECT_THAT(disk.calls, IsEmpty());
 }
 
@@ -558,11 +560,13 @@ TEST_F(FileTypesDialog, AProfileWithoutANameMayBeLinkedToo) {
 
 TEST_F(FileTypesDialog, ClosingTellsTheSelectedRow) {
   FileTypeTable.FileTypeDescription[2].clear();
+  DialogText = "Music";
   open();
   clickItem(types(), 1);
   press("cmdClose");
   EXPECT_FALSE(isOpen());
   EXPECT_EQ(DialogValue, 3);
+  EXPECT_EQ(DialogText, "Music");
 }
 
 TEST_F(FileTypesDialog, ClosingWithoutASelectionTellsNone) {

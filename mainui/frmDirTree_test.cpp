@@ -206,6 +206,10 @@ TEST_F(DirectoryPicker, ADriveThatIsNotThereLeavesTheFirst) {
 TEST_F(DirectoryPicker, ATextWithoutADriveLeavesTheFirst) {
   open("data");
   EXPECT_EQ(drive().currentText(), "C: [/]");
+  EXPECT_THAT(shown(), ElementsAre("C:"));
+  EXPECT_EQ(path(), "data");
+  press("cmdOK");
+  EXPECT_EQ(DialogText, "data");
 }
 
 TEST_F(DirectoryPicker, OfAnEmptyDiskTheDirectoryComesBackAsItWas) {
