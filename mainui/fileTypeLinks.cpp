@@ -9,8 +9,8 @@ namespace quernstoke {
 
 namespace {
 
-// It has always looked at the kind of a directory, not at its file types. So what it finds are the
-// halves "1" and "2" of pairs, and only rows 1 and 2 are ever linked.
+// This looks at the kind of a directory, not at its file types: what it finds are the halves "1"
+// and "2" of pairs, and only rows 1 and 2 are ever linked.
 bool isLinked(const std::string& profile, Int32 fileType) {
   bool linked = false;
   readRecords(ProfilesDir + "\\" + profile + ".profile", [&](const ConfigRecord& record) {

@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* webAddress = "https://quernstoke.example";
 
-// The name under which this window has always reported its failures.
+// The name under which this window reports its failures, not one of its own.
 constexpr const char* reportedName = "basUpdateStatusBar";
 
 }  // namespace
